@@ -1,0 +1,30 @@
+// Port operations on a board, with emulation mode (RunNoBoards) redirecting them to bytes in
+// memory.
+#pragma once
+
+#include <cstdint>
+
+#include "core/SharedState.h"
+
+namespace vantrellion {
+
+// The bit mask of relay r, 1 to 128; any other r shows "GetANDOR Error, Relay#:" and gives 0.
+int16_t GetANDOR(System& s, int r);
+// A processor loop of 2001 x 2001 rounds when StepDelay is 2000; otherwise returns at once.
+void WaitStepDelay(System& s);
+
+uint8_t PortSetBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                   int board, int relay);
+uint8_t PortClearBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                     int board, int relay);
+uint8_t PortReadOutput(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                       int board, int relay);
+uint8_t PortReadInput(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                      int board, int relay);
+
+void SetRelayOn(System& s, int board, int relay);
+void SetRelayOff(System& s, int board, int relay);
+PortBytes ReadRelayPorts(System& s);
+PortBytes ReadInputPorts(System& s);
+
+}  // namespace vantrellion

@@ -1,0 +1,110 @@
+// The small interfaces through which the core reaches the world. The desktop layer implements
+// them with Qt; tests implement them with fakes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/Constants.h"
+#include "core/Flags.h"
+
+namespace vantrellion {
+
+// Local date and time at whole seconds.
+struct DateTime {
+    int Year = 2000, Month = 1, Day = 1;
+    int Hour = 0, Minute = 0, Second = 0;
+    int Weekday = 7;  // Sunday = 1 ... Saturday = 7
+    int SecondsOfDay() const { return Hour * 3600 + Minute * 60 + Second; }
+};
+
+// "MM/DD/YYYY", the short date of the system.
+std::string ShortDateText(const DateTime& d);
+// "HH:MM:SS" in 24-hour form.
+std::string TimeText(int secondsOfDay);
+
+class Clock {
+public:
+    virtual ~Clock() = default;
+    virtual DateTime Now() = 0;
+    // Milliseconds since boot as a 32-bit number read as signed: it wraps to negative after
+    // 2^31 ms.
+    virtual int32_t GetTickCount() = 0;
+    virtual std::string ShortDate() { return ShortDateText(Now()); }
+};
+
+// tmrCheckTime: the 900 ms timer lives in the desktop layer; the core decides when it runs.
+class CheckTimer {
+public:
+    virtual ~CheckTimer() = default;
+    virtual void SetEnabled(bool enabled) = 0;
+    virtual bool IsEnabled() const = 0;
+};
+
+class EventPump {
+public:
+    virtual ~EventPump() = default;
+    virtual bool InputPending() = 0;          // keyboard or mouse input is queued
+    virtual void ProcessPendingEvents() = 0;  // run all pending events and return
+};
+
+// Message boxes, with the classic button sets, icons and answers.
+enum class Buttons { OK = 0, OKCancel = 1, AbortRetryIgnore = 2, YesNoCancel = 3, YesNo = 4, RetryCancel = 5 };
+enum class Icon { None = 0, Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
+enum class Answer { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+
+struct MessageBoxRequest {
+    std::string Prompt;
+    Buttons ButtonSet = Buttons::OK;
+    Icon BoxIcon = Icon::None;
+    int DefaultButton = 1;  // 1, 2 or 3
+    std::string Title = AppTitle;  // the program's title unless a box names its own
+};
+
+class MessageBoxes {
+public:
+    virtual ~MessageBoxes() = default;
+    virtual Answer Show(const MessageBoxRequest& request) = 0;
+};
+
+// What the engine paints on the main screen. Indices are record indices i (rows), pair
+// indices k, or board indices b.
+class RowDisplay {
+public:
+    virtual ~RowDisplay() = default;
+    virtual void SetOnOffLight(int i, Color c) = 0;          // shpOnOffLight: background and fill
+    virtual void SetTimePairBackground(int k, Color c) = 0;  // txtStartTime(k) and txtEndTime(k)
+    virtual void SetDayHrEvenOddBackground(int i, Color c) = 0;
+    virtual void SetManualBackground(int i, Color c) = 0;
+    virtual void SetInvertBackground(int i, Color c) = 0;
+    virtual void SetInvertCaption(int i, const std::string& text) = 0;
+    virtual void SetTotalTimeBackground(int i, Color c) = 0;
+    virtual void SetTotalTimeCaption(int i, const std::string& text) = 0;
+    virtual void SetCounterBackground(int i, Color c) = 0;
+    virtual void SetCounterCaption(int i, const std::string& text) = 0;
+    virtual void SetStateDisplayCaption(int b, const std::string& text) = 0;  // mnuStateDisplayState
+    virtual void SetInputDisplayCaption(int b, const std::string& text) = 0;  // mnuStateDisplayInput
+    // The window-level displays of the tick: minimised state, the clock panel of the status
+    // bar and the floating time window (created on first use).
+    virtual bool IsMinimized() const = 0;
+    virtual void SetStatusTime(const std::string& text) = 0;
+    virtual void SetTimeWindowCaption(const std::string& text) = 0;
+};
+
+// The port space, as In8255 and Out8255 see it.
+class Ports {
+public:
+    virtual ~Ports() = default;
+    virtual int16_t In8255(int16_t port) = 0;
+    virtual int16_t Out8255(int16_t port, int16_t value) = 0;
+};
+
+// The saves of the configuration store that other subsystems ask for. The store's access
+// layer implements it.
+class ConfigurationStore {
+public:
+    virtual ~ConfigurationStore() = default;
+    virtual void ConfigurationLogFileNameSave() = 0;
+};
+
+}  // namespace vantrellion

@@ -1,0 +1,115 @@
+// The shared state of the system: plain data that every operation reads and writes directly.
+// ModRelay holds the configuration side (the variables of modRelay), FrmRelay the schedule
+// side owned by the main screen. System binds both to the platform interfaces; a test creates
+// a fresh System with its fakes.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "core/Constants.h"
+#include "core/Flags.h"
+#include "core/Platform.h"
+
+namespace vantrellion {
+
+struct RelayRecord {
+    std::string DisplayName;
+    std::string DaysOfWeek;
+    std::string DayHrEvenOdd;
+    Flag Manual = 0;
+    Flag Invert = 0;
+    Flag CounterOn = 0;
+    Flag HardStop = 0;
+    std::string IconFile;
+    int16_t Count = 0;
+    int16_t OldState = 0;  // 0 off, 1 on, 9 not read yet
+    int16_t NewState = 0;  // 0 off, 1 on, 9 not evaluated yet
+    int32_t CycleStart = 0;
+    std::string TotalTime;
+    int16_t InputState = 0;  // 0 off, 1 on, 9 not read yet
+};
+
+struct BoardRecord {
+    std::string ChipSetType;
+    int16_t BaseAddress = 0;
+    int16_t InputAddress = 0;
+    int16_t CntlAddress = 0;
+    int16_t PortConfigValue = 0;
+    Flag LogBoard = 0;
+    Flag ResetOnExit = 0;
+    std::array<std::string, RelaysPerBoard> RelayName;
+};
+
+// The process-wide variables of modRelay, in their order.
+struct ModRelay {
+    int16_t StepDelay = 0;  // 0 none, 2000 pause between relays, 1000 no effect
+    Flag TimeWindowShown = 0;
+    std::string FileVersion;
+    std::string LogFilePath, LogFileName;
+    std::string DataFilePath, DataFileName;
+    Flag LoggingOnOff = 0;
+    Flag RunNoBoards = 0;
+    Flag WarnOverLapTime = 0;
+    Color ColorRelayON = 0, ColorRelayOFF = 0, ColorTimeON = 0, ColorTimeOFF = 0,
+          ColorManualON = 0, ColorManualOFF = 0, ColorInputON = 0, ColorInputOFF = 0,
+          ColorTTimeBkgrnd = 0, ColorNameBkgrnd = 0;
+    std::array<Color, 8> ColorRelayGroup{};
+    std::array<BoardRecord, BoardSlots> Board;
+};
+
+// The members of the main screen frmRelay that the core works on.
+struct FrmRelay {
+    std::array<RelayRecord, RelaySlots> Relay;
+    std::array<std::string, PairSlots> StartTime;
+    std::array<std::string, PairSlots> EndTime;
+    std::array<Flag, PairSlots> PairActive{};
+    std::array<uint8_t, LastBoard + 1> EmulatedPort{};
+    uint8_t EmulatedOtherPort = 0;
+
+    Flag FileChanged = 0;
+    Flag CheckTimeAllowed = 0;
+    Flag RowsShown = 0;
+};
+
+// The outside world as the core sees it. Every pointer is set by whoever builds the System.
+struct Platform {
+    Clock* clock = nullptr;
+    CheckTimer* timer = nullptr;
+    EventPump* pump = nullptr;
+    MessageBoxes* messages = nullptr;
+    RowDisplay* display = nullptr;
+    Ports* ports = nullptr;
+    ConfigurationStore* configuration = nullptr;
+    // The per-user machine directory, with its trailing "/": restart file, store, default log
+    // directory. Tests point it at a temporary directory.
+    std::string machineDirectory;
+};
+
+struct System {
+    ModRelay modRelay;
+    FrmRelay frmRelay;
+    Platform platform;
+
+    // Shorthands for the interfaces, for readability at the call sites.
+    Clock& clock() { return *platform.clock; }
+    CheckTimer& timer() { return *platform.timer; }
+    EventPump& pump() { return *platform.pump; }
+    RowDisplay& display() { return *platform.display; }
+    Ports& ports() { return *platform.ports; }
+    Answer Message(const MessageBoxRequest& r) { return platform.messages->Show(r); }
+};
+
+// The transient per-board arrays of a tick: one port byte per board, and its display text.
+using PortBytes = std::array<uint8_t, LastBoard + 1>;
+using PortTexts = std::array<std::string, LastBoard + 1>;
+
+// A pair is set only when neither text is "" nor " ".
+inline bool PairIsSet(const FrmRelay& f, int k) {
+    const auto& s = f.StartTime[k];
+    const auto& e = f.EndTime[k];
+    return s != "" && s != " " && e != "" && e != " ";
+}
+
+}  // namespace vantrellion

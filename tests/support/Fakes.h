@@ -1,0 +1,159 @@
+// Fakes of the platform interfaces for tests: a settable clock, a timer flag, an event pump
+// that counts, message boxes that record and answer from a script, a row display that keeps
+// the last value of everything painted, and a simulated port space that latches outputs and
+// records every access.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/SharedState.h"
+
+namespace vantrellion::test {
+
+class FakeClock : public Clock {
+public:
+    DateTime now;
+    int32_t tick = 1000;
+    DateTime Now() override { return now; }
+    int32_t GetTickCount() override { return tick; }
+    // Sets the time of day; the date and weekday stay.
+    void SetTime(int h, int m, int sec) {
+        now.Hour = h;
+        now.Minute = m;
+        now.Second = sec;
+    }
+    void SetSecondsOfDay(int t) { SetTime(t / 3600, t / 60 % 60, t % 60); }
+    // Moves the clock on by whole seconds, the tick count with it (time of day stays in
+    // one day).
+    void Advance(int seconds) {
+        SetSecondsOfDay(now.SecondsOfDay() + seconds);
+        tick += seconds * 1000;
+    }
+};
+
+class FakeTimer : public CheckTimer {
+public:
+    bool enabled = true;
+    int changes = 0;
+    void SetEnabled(bool e) override {
+        enabled = e;
+        ++changes;
+    }
+    bool IsEnabled() const override { return enabled; }
+};
+
+class FakePump : public EventPump {
+public:
+    bool pending = false;
+    int processed = 0;
+    std::function<void()> onProcess;  // a command that runs in the yield
+    bool InputPending() override { return pending; }
+    void ProcessPendingEvents() override {
+        ++processed;
+        pending = false;
+        if (onProcess) onProcess();
+    }
+};
+
+class FakeMessages : public MessageBoxes {
+public:
+    std::vector<MessageBoxRequest> shown;
+    std::deque<Answer> answers;  // answered in order; OK (or the first button) when empty
+    Answer Show(const MessageBoxRequest& r) override;
+    std::vector<std::string> Prompts() const;
+};
+
+class RecordingDisplay : public RowDisplay {
+public:
+    std::map<int, Color> light, pairBack, codeBack, manualBack, invertBack, totalBack, counterBack;
+    std::map<int, std::string> invertCaption, totalCaption, counterCaption, stateCaption,
+        inputCaption;
+    bool minimized = false;
+    std::string statusTime, timeWindow;
+    int timeWindowUpdates = 0;
+    int paints = 0;  // number of setter calls
+
+    void SetOnOffLight(int i, Color c) override { ++paints, light[i] = c; }
+    void SetTimePairBackground(int k, Color c) override { ++paints, pairBack[k] = c; }
+    void SetDayHrEvenOddBackground(int i, Color c) override { ++paints, codeBack[i] = c; }
+    void SetManualBackground(int i, Color c) override { ++paints, manualBack[i] = c; }
+    void SetInvertBackground(int i, Color c) override { ++paints, invertBack[i] = c; }
+    void SetInvertCaption(int i, const std::string& t) override { ++paints, invertCaption[i] = t; }
+    void SetTotalTimeBackground(int i, Color c) override { ++paints, totalBack[i] = c; }
+    void SetTotalTimeCaption(int i, const std::string& t) override { ++paints, totalCaption[i] = t; }
+    void SetCounterBackground(int i, Color c) override { ++paints, counterBack[i] = c; }
+    void SetCounterCaption(int i, const std::string& t) override {
+        ++paints, counterCaption[i] = t;
+    }
+    void SetStateDisplayCaption(int b, const std::string& t) override {
+        ++paints, stateCaption[b] = t;
+    }
+    void SetInputDisplayCaption(int b, const std::string& t) override {
+        ++paints, inputCaption[b] = t;
+    }
+    bool IsMinimized() const override { return minimized; }
+    void SetStatusTime(const std::string& t) override { statusTime = t; }
+    void SetTimeWindowCaption(const std::string& t) override {
+        timeWindow = t;
+        ++timeWindowUpdates;
+    }
+};
+
+// A port space of 64 Ki bytes. Every port latches what was last written to it, unless it is
+// marked stuck (writes are recorded but do not stick). Every access is recorded in order.
+class SimulatedPorts : public Ports {
+public:
+    struct Access {
+        bool write;
+        int16_t port;
+        int16_t value;
+        bool operator==(const Access&) const = default;
+    };
+    std::vector<Access> log;
+    std::map<int16_t, int16_t> bytes;
+    std::map<int16_t, bool> stuck;
+
+    int16_t In8255(int16_t port) override {
+        int16_t v = bytes.count(port) ? bytes[port] : 0;
+        log.push_back({false, port, v});
+        return v;
+    }
+    int16_t Out8255(int16_t port, int16_t value) override {
+        log.push_back({true, port, value});
+        if (!stuck[port]) bytes[port] = value;
+        return value;
+    }
+    std::vector<Access> Writes() const;
+    void Clear() { log.clear(); }
+};
+
+// A fresh System wired to a fresh set of fakes, with board 0 set up like a default
+// configuration: relay port 0x300, inputs 0x301, emulation off, distinct colours.
+struct TestSystem {
+    FakeClock clock;
+    FakeTimer timer;
+    FakePump pump;
+    FakeMessages messages;
+    RecordingDisplay display;
+    SimulatedPorts ports;
+    System s;
+
+    TestSystem();
+    FrmRelay& frm() { return s.frmRelay; }
+    ModRelay& mod() { return s.modRelay; }
+    RelayRecord& relay(int i) { return s.frmRelay.Relay[i]; }
+    // Sets pair p of relay i.
+    void SetPair(int i, int p, const std::string& start, const std::string& end);
+};
+
+// Distinct colours of the test configuration, so that assertions can tell them apart.
+inline constexpr Color kRelayON = 0x0000FF00, kRelayOFF = 0x00000080, kTimeON = 0x0000FFFF,
+                       kTimeOFF = 0x00C0C0C0, kManualON = 0x00FF00FF, kManualOFF = 0x00808080,
+                       kInputON = 0x00FFFF00, kInputOFF = 0x00404040, kTTimeBk = 0x00E0E0E0,
+                       kNameBk = 0x00F0F0F0;
+
+}  // namespace vantrellion::test
