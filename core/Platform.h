@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/Constants.h"
@@ -97,6 +98,23 @@ public:
     virtual ~Ports() = default;
     virtual int16_t In8255(int16_t port) = 0;
     virtual int16_t Out8255(int16_t port, int16_t value) = 0;
+};
+
+// Modal file dialogs. Filters are in the system's form, "Run File (*.run)|*.run"; an empty
+// answer means the user cancelled.
+struct FileDialogRequest {
+    std::string Title;
+    std::string Filter;
+    std::string InitialDirectory;
+    std::string FileName;
+    int Flags = 0;  // 0x1000 the file must exist, 2 prompt before overwriting
+};
+
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+    virtual std::optional<std::string> ShowOpen(const FileDialogRequest& request) = 0;
+    virtual std::optional<std::string> ShowSave(const FileDialogRequest& request) = 0;
 };
 
 // The saves of the configuration store that other subsystems ask for. The store's access

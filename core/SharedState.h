@@ -10,6 +10,7 @@
 
 #include "core/Constants.h"
 #include "core/Flags.h"
+#include "core/MainScreenView.h"
 #include "core/Platform.h"
 
 namespace vantrellion {
@@ -82,6 +83,8 @@ struct Platform {
     RowDisplay* display = nullptr;
     Ports* ports = nullptr;
     ConfigurationStore* configuration = nullptr;
+    MainScreenView* screen = nullptr;
+    FileDialogs* dialogs = nullptr;
     // The per-user machine directory, with its trailing "/": restart file, store, default log
     // directory. Tests point it at a temporary directory.
     std::string machineDirectory;
@@ -98,6 +101,7 @@ struct System {
     EventPump& pump() { return *platform.pump; }
     RowDisplay& display() { return *platform.display; }
     Ports& ports() { return *platform.ports; }
+    MainScreenView& screen() { return *platform.screen; }
     Answer Message(const MessageBoxRequest& r) { return platform.messages->Show(r); }
 };
 
