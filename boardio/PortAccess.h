@@ -13,8 +13,8 @@ int16_t GetANDOR(System& s, int r);
 // A processor loop of 2001 x 2001 rounds when StepDelay is 2000; otherwise returns at once.
 void WaitStepDelay(System& s);
 
-uint8_t PortSetBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
-                   int board, int relay);
+uint8_t PortSetBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config, int board,
+                   int relay);
 uint8_t PortClearBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
                      int board, int relay);
 uint8_t PortReadOutput(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,

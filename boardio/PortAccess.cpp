@@ -1,0 +1,145 @@
+#include "boardio/PortAccess.h"
+
+#include <string>
+
+#include "core/FatalError.h"
+
+namespace vantrellion {
+
+namespace {
+
+[[noreturn]] void SubscriptOutOfRange() {
+    throw FatalError(ErrSubscript, "Subscript out of range");
+}
+
+const BoardRecord& BoardAt(const System& s, int board) {
+    if (board < 0 || board >= BoardSlots) SubscriptOutOfRange();
+    return s.modRelay.Board[board];
+}
+
+// The byte that stands for an output port in emulation mode. A board's base address selects
+// that board's byte; the table keeps room for more boards than this build drives, and a base
+// that belongs to one of those has no byte, which is an out-of-range subscript. Board 0 is
+// compared first, so a base shared with it is always board 0's. Any other address falls into
+// the one byte that catches all other ports.
+uint8_t& EmulatedOutputByte(System& s, int16_t base) {
+    for (int b = 0; b < BoardSlots; ++b) {
+        if (base == s.modRelay.Board[b].BaseAddress) {
+            if (b > LastBoard) SubscriptOutOfRange();
+            return s.frmRelay.EmulatedPort[b];
+        }
+    }
+    return s.frmRelay.EmulatedOtherPort;
+}
+
+// The input port in emulation mode: a board's inputs mirror its relays, so that a counter can
+// be tried out without a board. Unlike the output read, an address that is no board's input
+// reads 0 rather than the catch-all byte.
+uint8_t EmulatedInputByte(const System& s, int16_t input) {
+    for (int b = 0; b <= LastBoard; ++b)
+        if (input == s.modRelay.Board[b].InputAddress) return s.frmRelay.EmulatedPort[b];
+    return 0;
+}
+
+// Reads a port; the result must fit a byte, or the program ends with an overflow.
+uint8_t ReadPort(System& s, int16_t port) {
+    return CheckedByte(s.ports().In8255(port));
+}
+
+void WritePort(System& s, int16_t port, int value) {
+    CheckedByte(s.ports().Out8255(port, static_cast<int16_t>(value)));
+}
+
+}  // namespace
+
+int16_t GetANDOR(System& s, int r) {
+    if (r >= 0 && r <= 7) return static_cast<int16_t>(1 << r);
+    s.Message(MessageBoxRequest{.Prompt = "GetANDOR Error, Relay#:" + std::to_string(r),
+                                .ButtonSet = Buttons::OK});
+    return 0;
+}
+
+void WaitStepDelay(System& s) {
+    if (s.modRelay.StepDelay != 2000) return;
+    // A processor loop on purpose: its length follows the speed of the machine. Every round
+    // touches a volatile counter, so the optimiser keeps all 2001 x 2001 of them.
+    volatile int32_t rounds = 0;
+    for (int outer = 0; outer <= 2000; ++outer) {
+        for (int inner = 0; inner <= 2000; ++inner)
+            rounds = rounds + 1;
+    }
+}
+
+uint8_t PortSetBit(System& s, int16_t base, int16_t /*input*/, int16_t /*cntl*/, int16_t /*config*/,
+                   int /*board*/, int relay) {
+    if (base == 0) return 0;
+    const int mask = GetANDOR(s, relay);
+    if (s.modRelay.RunNoBoards == 0) {
+        const uint8_t v = ReadPort(s, base);
+        WritePort(s, base, v | mask);
+    } else {
+        uint8_t& b = EmulatedOutputByte(s, base);
+        b = static_cast<uint8_t>(b | mask);
+    }
+    return 0;
+}
+
+uint8_t PortClearBit(System& s, int16_t base, int16_t /*input*/, int16_t /*cntl*/,
+                     int16_t /*config*/, int /*board*/, int relay) {
+    if (base == 0) return 0;
+    const int mask = GetANDOR(s, relay);
+    if (s.modRelay.RunNoBoards == 0) {
+        const uint8_t v = ReadPort(s, base);
+        WritePort(s, base, v & ~mask);
+    } else {
+        uint8_t& b = EmulatedOutputByte(s, base);
+        b = static_cast<uint8_t>(b & ~mask);
+    }
+    return 0;
+}
+
+uint8_t PortReadOutput(System& s, int16_t base, int16_t /*input*/, int16_t /*cntl*/,
+                       int16_t /*config*/, int /*board*/, int /*relay*/) {
+    if (base == 0) return 0;
+    if (s.modRelay.RunNoBoards == 0) return ReadPort(s, base);
+    return EmulatedOutputByte(s, base);
+}
+
+uint8_t PortReadInput(System& s, int16_t /*base*/, int16_t input, int16_t /*cntl*/,
+                      int16_t /*config*/, int /*board*/, int /*relay*/) {
+    if (input == 0) return 0;
+    if (s.modRelay.RunNoBoards == 0) return ReadPort(s, input);
+    return EmulatedInputByte(s, input);
+}
+
+void SetRelayOn(System& s, int board, int relay) {
+    const BoardRecord& b = BoardAt(s, board);
+    PortSetBit(s, b.BaseAddress, b.InputAddress, b.CntlAddress, b.PortConfigValue, board, relay);
+}
+
+void SetRelayOff(System& s, int board, int relay) {
+    const BoardRecord& b = BoardAt(s, board);
+    PortClearBit(s, b.BaseAddress, b.InputAddress, b.CntlAddress, b.PortConfigValue, board, relay);
+}
+
+PortBytes ReadRelayPorts(System& s) {
+    PortBytes bytes{};
+    for (int board = 0; board <= LastBoard; ++board) {
+        const BoardRecord& b = BoardAt(s, board);
+        bytes[board] = PortReadOutput(s, b.BaseAddress, b.InputAddress, b.CntlAddress,
+                                      b.PortConfigValue, board, 0);
+    }
+    return bytes;
+}
+
+PortBytes ReadInputPorts(System& s) {
+    PortBytes bytes{};
+    for (int board = 0; board <= LastBoard; ++board) {
+        const BoardRecord& b = BoardAt(s, board);
+        bytes[board] = PortReadInput(s, b.BaseAddress, b.InputAddress, b.CntlAddress,
+                                     b.PortConfigValue, board, 0);
+    }
+    return bytes;
+}
+
+}  // namespace vantrellion
