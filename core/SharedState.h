@@ -72,6 +72,10 @@ struct FrmRelay {
     Flag FileChanged = 0;
     Flag CheckTimeAllowed = 0;
     Flag RowsShown = 0;
+
+    Flag AutoRestarted = 0;     // the schedule in memory came from the restart file
+    Flag RestartDisabled = 0;   // writing the restart file failed; no retry until New or Open
+    int16_t LastLogMinute = 0;  // minute number of the last state line written to the log
 };
 
 // The outside world as the core sees it. Every pointer is set by whoever builds the System.
