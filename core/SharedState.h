@@ -73,6 +73,13 @@ struct FrmRelay {
     Flag CheckTimeAllowed = 0;
     Flag RowsShown = 0;
 
+    // Start-up guards and the flags of the window geometry, first set at creation.
+    Flag FormInitializeSeen = 0;
+    Flag FormLoadSeen = 0;
+    Flag ResizeReady = 0;
+    Flag ResizedOnce = 0;
+    Flag SavePositionAtExit = 0;
+
     Flag AutoRestarted = 0;     // the schedule in memory came from the restart file
     Flag RestartDisabled = 0;   // writing the restart file failed; no retry until New or Open
     int16_t LastLogMinute = 0;  // minute number of the last state line written to the log
