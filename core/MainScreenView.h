@@ -54,6 +54,15 @@ public:
     // The picture of a resource id (icons 101, 110, 121 to 128).
     virtual void LoadResourcePicture(Control c, int index, int resourceId) = 0;
     virtual void SetStatusFont(int size, bool bold) = 0;
+
+    // The steps of loading the screen that belong to the window system: its icon, the
+    // stacking of the row frames, the remembered position, the size from the rows, the
+    // run-time fonts. A view without a window has nothing to do for them.
+    virtual void SetWindowIcon(int /*resourceId*/) {}
+    virtual void StackRelayGroups() {}
+    virtual void RestoreFormPosition() {}
+    virtual void SizeFormToRows() {}
+    virtual void ApplyRunTimeFonts() {}
 };
 
 }  // namespace vantrellion

@@ -123,6 +123,10 @@ class ConfigurationStore {
 public:
     virtual ~ConfigurationStore() = default;
     virtual void ConfigurationLogFileNameSave() = 0;
+    virtual void ConfigurationDataFileNameSave() = 0;
+    virtual void ConfigurationDataFilePathSave() = 0;
+    virtual void ConfigurationFlagLoggingSave() = 0;
+    virtual void ConfigurationFlagRunNoBoardsSave() = 0;
 };
 
 }  // namespace vantrellion
