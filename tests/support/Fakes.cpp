@@ -34,7 +34,14 @@ std::vector<SimulatedPorts::Access> SimulatedPorts::Writes() const {
 }
 
 TestSystem::TestSystem() {
-    s.platform = {&clock, &timer, &pump, &messages, &display, &ports};
+    s.platform.clock = &clock;
+    s.platform.timer = &timer;
+    s.platform.pump = &pump;
+    s.platform.messages = &messages;
+    s.platform.display = &display;
+    s.platform.ports = &ports;
+    s.platform.screen = &screen;
+    s.platform.dialogs = &dialogs;
     auto& m = s.modRelay;
     m.ColorRelayON = kRelayON;
     m.ColorRelayOFF = kRelayOFF;

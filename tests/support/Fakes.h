@@ -7,6 +7,8 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
+#include <utility>
 #include <string>
 #include <vector>
 
@@ -103,6 +105,75 @@ public:
     }
 };
 
+// The main screen without a window: remembers the last text, colour, enabled, checked and
+// visible state of every control, and the pictures loaded.
+class RecordingScreen : public MainScreenView {
+public:
+    using Key = std::pair<Control, int>;
+    std::string title;
+    std::map<Key, std::string> text;
+    std::map<Key, Color> back;
+    std::map<Key, bool> enabled, checked, visible;
+    std::map<Key, std::string> picture;  // file path, "res:<id>", or "" when cleared
+    std::map<std::string, bool> unreadable;  // picture files that fail to load
+    int statusFontSize = 8;
+    bool statusFontBold = false;
+
+    void SetTitle(const std::string& t) override { title = t; }
+    void SetText(Control c, int i, const std::string& t) override { text[{c, i}] = t; }
+    std::string Text(Control c, int i) const override {
+        auto it = text.find({c, i});
+        return it == text.end() ? std::string() : it->second;
+    }
+    void SetBackColor(Control c, int i, Color color) override { back[{c, i}] = color; }
+    void SetEnabled(Control c, int i, bool e) override { enabled[{c, i}] = e; }
+    void SetChecked(Control c, int i, bool e) override { checked[{c, i}] = e; }
+    void SetVisible(Control c, int i, bool e) override { visible[{c, i}] = e; }
+    void ClearPicture(Control c, int i) override { picture[{c, i}] = ""; }
+    bool LoadPicture(Control c, int i, const std::string& path, std::string& error) override {
+        if (unreadable.count(path)) {
+            error = "Invalid picture";
+            return false;
+        }
+        picture[{c, i}] = path;
+        return true;
+    }
+    void LoadResourcePicture(Control c, int i, int id) override {
+        picture[{c, i}] = "res:" + std::to_string(id);
+    }
+    void SetStatusFont(int size, bool bold) override {
+        statusFontSize = size;
+        statusFontBold = bold;
+    }
+    bool IsEnabled(Control c, int i) const {
+        auto it = enabled.find({c, i});
+        return it == enabled.end() || it->second;
+    }
+};
+
+// Answers the file dialogs from a script: each entry is a chosen file, or nullopt for Cancel.
+class FakeDialogs : public FileDialogs {
+public:
+    std::vector<FileDialogRequest> opened, saved;
+    std::deque<std::optional<std::string>> answers;
+    std::optional<std::string> ShowOpen(const FileDialogRequest& r) override {
+        opened.push_back(r);
+        return Next();
+    }
+    std::optional<std::string> ShowSave(const FileDialogRequest& r) override {
+        saved.push_back(r);
+        return Next();
+    }
+
+private:
+    std::optional<std::string> Next() {
+        if (answers.empty()) return std::nullopt;
+        auto a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+};
+
 // A port space of 64 Ki bytes. Every port latches what was last written to it, unless it is
 // marked stuck (writes are recorded but do not stick). Every access is recorded in order.
 class SimulatedPorts : public Ports {
@@ -140,6 +211,8 @@ struct TestSystem {
     FakeMessages messages;
     RecordingDisplay display;
     SimulatedPorts ports;
+    RecordingScreen screen;
+    FakeDialogs dialogs;
     System s;
 
     TestSystem();

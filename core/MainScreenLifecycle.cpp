@@ -1,0 +1,79 @@
+#include "core/MainScreenLifecycle.h"
+
+#include "boardio/BoardSetup.h"
+#include "core/CheckTimeControl.h"
+#include "core/ResetRelayRecords.h"
+#include "mainscreen/LoadRowIcons.h"
+#include "mainscreen/RefreshTitleAndMenus.h"
+#include "mainscreen/RowRefill.h"
+#include "runfile/CrashRestart.h"
+#include "runfile/FileCommands.h"
+
+namespace vantrellion {
+
+namespace {
+constexpr int kMainWindowIcon = 101;
+}
+
+void Form_Initialize(System& s) {
+    FrmRelay& f = s.frmRelay;
+    if (f.FormInitializeSeen != 0)
+        s.Message({"This is not the first Time Form_Initialize Has Been Triggered\r\n\r\n"
+                   "You probably just added Code\r\n\r\n"
+                   "That NEW CODE is the NEW Problem"});
+    f.FormInitializeSeen = True;
+    f.FileChanged = False;
+    f.ResizeReady = False;
+    f.ResizedOnce = True;
+    f.SavePositionAtExit = False;
+    InitAllBoards(s);
+    s.modRelay.DataFileName = "";
+    ResetRelayRecords(s);
+}
+
+void Form_Load(System& s) {
+    FrmRelay& f = s.frmRelay;
+    MainScreenView& v = s.screen();
+    if (f.FormLoadSeen != 0)
+        s.Message({"This is not the first Time Form_Load Has Been Triggered\r\n\r\n"
+                   "You probably just added Code to Forn_Initialize\r\n\r\n"
+                   "That is the NEW Problem"});
+    f.FormLoadSeen = True;
+    v.SetWindowIcon(kMainWindowIcon);
+    if (TryCrashRestart(s)) f.AutoRestarted = True;
+    v.StackRelayGroups();
+    ApplyRelayGroupColors(s);
+    ResetRowVisuals(s);
+    LoadStopPictures(s);
+    LoadRelayIcons(s);
+    FillRowsFromRecords(s);
+    LoadRowIcons(s, f.AutoRestarted == 0);
+    RefreshTitleAndMenus(s);
+    v.RestoreFormPosition();
+    v.SizeFormToRows();
+    v.ApplyRunTimeFonts();
+    f.ResizeReady = True;
+    f.ResizedOnce = False;
+    f.SavePositionAtExit = True;
+    f.FileChanged = False;
+    f.CheckTimeAllowed = True;
+    ResumeCheckTime(s);
+}
+
+bool Form_QueryUnload(System& s) {
+    SuspendCheckTime(s);
+    if (s.frmRelay.FileChanged != 0 &&
+        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName) == 2) {
+        ResumeCheckTime(s);
+        return true;
+    }
+    return false;
+}
+
+void Form_Unload(System& s) {
+    RemoveRestartFile(s, s.platform.machineDirectory, RestartFileName);
+    ResetAllRelays(s);
+    ClearOutputPorts(s);
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,137 @@
+#include "desktop/QtPlatform.h"
+
+#include <time.h>
+
+#include <QApplication>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStringList>
+
+#include "desktop/QtConvert.h"
+
+namespace vantrellion {
+
+DateTime QtClock::Now() {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QDate d = now.date();
+    const QTime t = now.time();
+    // Qt counts Monday = 1 to Sunday = 7; the system counts Sunday = 1 to Saturday = 7.
+    return DateTime{d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second(),
+                    d.dayOfWeek() % 7 + 1};
+}
+
+int32_t QtClock::GetTickCount() {
+    timespec ts{};
+    clock_gettime(CLOCK_BOOTTIME, &ts);
+    const uint64_t ms = static_cast<uint64_t>(ts.tv_sec) * 1000u + ts.tv_nsec / 1000000;
+    return static_cast<int32_t>(static_cast<uint32_t>(ms));
+}
+
+QtCheckTimer::QtCheckTimer(QObject* parent) : timer_(new QTimer(parent)) {
+    timer_->setObjectName("tmrCheckTime");
+    timer_->setInterval(900);
+    timer_->setSingleShot(false);
+}
+
+void QtCheckTimer::SetEnabled(bool enabled) {
+    if (enabled) timer_->start();
+    else timer_->stop();
+}
+
+bool QtCheckTimer::IsEnabled() const { return timer_->isActive(); }
+
+void QtEventPump::ProcessPendingEvents() { QCoreApplication::processEvents(); }
+
+Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
+    QMessageBox box;
+    box.setWindowTitle(Q(r.Title));
+    // The system's line breaks are CR LF; Qt wants LF.
+    box.setText(Q(r.Prompt).replace("\r\n", "\n"));
+    switch (r.BoxIcon) {
+        case Icon::Critical: box.setIcon(QMessageBox::Critical); break;
+        case Icon::Question: box.setIcon(QMessageBox::Question); break;
+        case Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+        case Icon::Information: box.setIcon(QMessageBox::Information); break;
+        case Icon::None: box.setIcon(QMessageBox::NoIcon); break;
+    }
+    struct Choice {
+        QMessageBox::StandardButton button;
+        Answer answer;
+    };
+    std::vector<Choice> choices;
+    switch (r.ButtonSet) {
+        case Buttons::OK: choices = {{QMessageBox::Ok, Answer::OK}}; break;
+        case Buttons::OKCancel:
+            choices = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}};
+            break;
+        case Buttons::AbortRetryIgnore:
+            choices = {{QMessageBox::Abort, Answer::Abort},
+                       {QMessageBox::Retry, Answer::Retry},
+                       {QMessageBox::Ignore, Answer::Ignore}};
+            break;
+        case Buttons::YesNoCancel:
+            choices = {{QMessageBox::Yes, Answer::Yes},
+                       {QMessageBox::No, Answer::No},
+                       {QMessageBox::Cancel, Answer::Cancel}};
+            break;
+        case Buttons::YesNo:
+            choices = {{QMessageBox::Yes, Answer::Yes}, {QMessageBox::No, Answer::No}};
+            break;
+        case Buttons::RetryCancel:
+            choices = {{QMessageBox::Retry, Answer::Retry}, {QMessageBox::Cancel, Answer::Cancel}};
+            break;
+    }
+    QMessageBox::StandardButtons all;
+    for (const Choice& c : choices) all |= c.button;
+    box.setStandardButtons(all);
+    const size_t def = static_cast<size_t>(std::max(1, r.DefaultButton)) - 1;
+    if (def < choices.size()) box.setDefaultButton(choices[def].button);
+    const auto pressed = static_cast<QMessageBox::StandardButton>(box.exec());
+    for (const Choice& c : choices)
+        if (c.button == pressed) return c.answer;
+    // Closed by the window's close button: the cancelling answer of the set.
+    return choices.size() > 1 ? choices.back().answer : choices.front().answer;
+}
+
+QString QtFilterFromSystemFilter(const std::string& filter) {
+    const QStringList parts = Q(filter).split('|');
+    QStringList entries;
+    for (int n = 0; n + 1 < parts.size(); n += 2) {
+        QString patterns = parts[n + 1];
+        patterns.replace(';', ' ');
+        entries << parts[n].trimmed() + " (" + patterns + ")";
+    }
+    return entries.join(";;");
+}
+
+namespace {
+
+std::optional<std::string> RunDialog(const FileDialogRequest& r, QFileDialog::AcceptMode mode) {
+    QFileDialog dialog(nullptr, Q(r.Title), Q(r.InitialDirectory),
+                       QtFilterFromSystemFilter(r.Filter));
+    dialog.setAcceptMode(mode);
+    dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+    if (mode == QFileDialog::AcceptOpen) {
+        dialog.setFileMode((r.Flags & 0x1000) ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    } else {
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite, (r.Flags & 2) == 0);
+    }
+    if (!r.FileName.empty()) dialog.selectFile(Q(r.FileName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return S(dialog.selectedFiles().front());
+}
+
+}  // namespace
+
+std::optional<std::string> QtFileDialogs::ShowOpen(const FileDialogRequest& r) {
+    return RunDialog(r, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtFileDialogs::ShowSave(const FileDialogRequest& r) {
+    return RunDialog(r, QFileDialog::AcceptSave);
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,54 @@
+// The platform interfaces of the core, served by Qt: clock, check timer, event pump, message
+// boxes and file dialogs.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <QWidget>
+
+#include "core/Platform.h"
+
+namespace vantrellion {
+
+class QtClock : public Clock {
+public:
+    DateTime Now() override;
+    // Milliseconds since boot, 32 bits read as signed: wraps negative after 2^31 ms.
+    int32_t GetTickCount() override;
+};
+
+// tmrCheckTime: a 900 ms single-thread timer. Enabling it restarts the count, so the interval
+// is the gap between the end of one tick and the start of the next.
+class QtCheckTimer : public CheckTimer {
+public:
+    explicit QtCheckTimer(QObject* parent = nullptr);
+    void SetEnabled(bool enabled) override;
+    bool IsEnabled() const override;
+    QTimer* Timer() { return timer_; }
+
+private:
+    QTimer* timer_;
+};
+
+// Qt has no query for queued input, so the tick's yield always processes pending events.
+class QtEventPump : public EventPump {
+public:
+    bool InputPending() override { return true; }
+    void ProcessPendingEvents() override;
+};
+
+class QtMessageBoxes : public MessageBoxes {
+public:
+    Answer Show(const MessageBoxRequest& request) override;
+};
+
+class QtFileDialogs : public FileDialogs {
+public:
+    std::optional<std::string> ShowOpen(const FileDialogRequest& request) override;
+    std::optional<std::string> ShowSave(const FileDialogRequest& request) override;
+};
+
+// "Run File (*.run)|*.run|Text File (*.txt)|*.txt" as Qt's "Run File (*.run);;Text File (*.txt)".
+QString QtFilterFromSystemFilter(const std::string& filter);
+
+}  // namespace vantrellion

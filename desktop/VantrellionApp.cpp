@@ -1,0 +1,130 @@
+#include "desktop/VantrellionApp.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <QScreen>
+#include <cstdlib>
+#include <ctime>
+
+#include "boardio/LibraryPorts.h"
+#include "core/CheckTimeControl.h"
+#include "core/MachineDirectory.h"
+#include "core/MainScreenLifecycle.h"
+#include "desktop/EventGuard.h"
+#include "engine/Tick.h"
+#include "mainscreen/RefreshTitleAndMenus.h"
+#include "runfile/FileCommands.h"
+
+namespace vantrellion {
+
+VantrellionApp::VantrellionApp(Options o) {
+    Platform& p = s_.platform;
+    p.machineDirectory = o.machineDirectory;
+    p.clock = o.clock ? o.clock : &qtClock_;
+    p.timer = &timer_;
+    p.pump = &pump_;
+    p.messages = o.messages ? o.messages : &qtMessages_;
+    p.dialogs = o.dialogs ? o.dialogs : &qtDialogs_;
+    if (!o.ports)
+        libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), *p.messages,
+                                                       s_.modRelay.RunNoBoards);
+    p.ports = o.ports ? o.ports : libraryPorts_.get();
+    timer_.SetEnabled(false);
+    QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
+        RunOrEnd(s_, [this] { CheckTimeTick(s_); });
+    });
+}
+
+VantrellionApp::~VantrellionApp() {
+    timer_.SetEnabled(false);
+    main_.reset();
+    splash_.reset();
+}
+
+void VantrellionApp::ShowMainErrorMessage(const std::string& description, int number,
+                                          const std::string& source) {
+    s_.Message({description + "\r\n" + std::to_string(number) + "\r\n" + source});
+}
+
+bool VantrellionApp::Main() {
+    std::srand(static_cast<unsigned>(std::time(nullptr)));  // 1
+    try {
+        // 2: the platform check passes on Linux.
+        EnsureDirectory(s_.platform.machineDirectory);
+        instanceLock_ = std::make_unique<InstanceLock>(s_.platform.machineDirectory);  // 3
+        if (instanceLock_->AnotherInstanceRuns())
+            s_.Message({std::string("You are attempting to run more then one copy of ") + AppTitle +
+                        " , Doing so will cause unreliable performance."});
+        splash_ = std::make_unique<frmSplash>();  // 4
+        splash_->show();
+        splash_->repaint();
+        QCoreApplication::processEvents();
+        if (!CheckConfigurationAtStartup()) {  // 5
+            UnloadAllForms();
+            return false;
+        }
+        if (splash_) splash_->repaint();  // 6
+        CreateMainScreen();
+        splash_.reset();  // 7
+        return true;
+    } catch (const FatalError& e) {
+        ShowMainErrorMessage(e.what(), e.Number(), e.Source());
+    } catch (const std::exception& e) {
+        ShowMainErrorMessage(e.what(), 0, "Vantrellion");
+    }
+    UnloadAllForms();
+    return false;
+}
+
+void VantrellionApp::CreateMainScreen() {
+    main_ = std::make_unique<frmRelay>(s_);
+    s_.platform.display = main_.get();
+    s_.platform.screen = main_.get();
+    main_->QueryUnload = [this] {
+        bool cancel = false;
+        RunCommand(s_, [&] { cancel = Form_QueryUnload(s_); });
+        return cancel;
+    };
+    main_->Unload = [this] {
+        RunCommand(s_, [&] { Form_Unload(s_); });
+        main_->CloseTimeWindow();
+    };
+    WireMenus();
+    RunOrEnd(s_, [this] {
+        Form_Initialize(s_);
+        Form_Load(s_);
+    });
+    main_->show();
+}
+
+void VantrellionApp::WireMenus() {
+    frmRelay& w = *main_;
+    auto command = [this](void (*op)(System&)) {
+        return [this, op](int) { RunCommand(s_, [this, op] { op(s_); }); };
+    };
+    w.OnMenu("mnuFileNew", command(&mnuFileNew));
+    w.OnMenu("mnuFileOpen", command(&mnuFileOpen));
+    w.OnMenu("mnuFileSave", command(&mnuFileSave));
+    w.OnMenu("mnuFileSaveAs", command(&mnuFileSaveAs));
+    w.OnMenu("mnuFileExit", [&w](int) { w.close(); });
+    w.OnMenu("mnuToolForceCheckTime", [this](int) {
+        RunOrEnd(s_, [this] { CheckTimeTick(s_); });
+    });
+    w.OnMenu("mnuHelpSplash", [](int) {
+        auto* splash = new frmSplash();
+        splash->setAttribute(Qt::WA_DeleteOnClose);
+        splash->exec();
+    });
+}
+
+void VantrellionApp::UnloadAllForms() {
+    splash_.reset();
+    if (main_) {
+        timer_.SetEnabled(false);
+        main_->hide();
+    }
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->isVisible()) w->close();
+}
+
+}  // namespace vantrellion

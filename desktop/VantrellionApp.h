@@ -1,0 +1,59 @@
+// The program as a whole: the shared state, the Qt services behind the core's interfaces, the
+// main screen, and the start-up sequence. Tests build one with a temporary machine directory
+// and fakes for the clock, the ports, the message boxes and the file dialogs.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/InstanceLock.h"
+#include "core/SharedState.h"
+#include "desktop/QtPlatform.h"
+#include "desktop/frmRelay.h"
+#include "desktop/frmSplash.h"
+
+namespace vantrellion {
+
+class VantrellionApp {
+public:
+    struct Options {
+        std::string machineDirectory;       // with its trailing "/"
+        Clock* clock = nullptr;             // Qt's clock when null
+        Ports* ports = nullptr;             // the port library when null
+        MessageBoxes* messages = nullptr;   // Qt's message boxes when null
+        FileDialogs* dialogs = nullptr;     // Qt's file dialogs when null
+    };
+    explicit VantrellionApp(Options options);
+    ~VantrellionApp();
+
+    // The program's entry: platform check, second-instance warning, splash, configuration
+    // check, main screen. False when the program is to end at once.
+    bool Main();
+
+    System& system() { return s_; }
+    frmRelay* MainWindow() { return main_.get(); }
+    frmSplash* Splash() { return splash_.get(); }
+    QtCheckTimer& Timer() { return timer_; }
+
+    // Closes every window that is still open.
+    void UnloadAllForms();
+
+private:
+    void CreateMainScreen();
+    void WireMenus();
+    void ShowMainErrorMessage(const std::string& description, int number,
+                              const std::string& source);
+
+    System s_;
+    QtClock qtClock_;
+    QtCheckTimer timer_;
+    QtEventPump pump_;
+    QtMessageBoxes qtMessages_;
+    QtFileDialogs qtDialogs_;
+    std::unique_ptr<Ports> libraryPorts_;
+    std::unique_ptr<InstanceLock> instanceLock_;
+    std::unique_ptr<frmSplash> splash_;
+    std::unique_ptr<frmRelay> main_;
+};
+
+}  // namespace vantrellion

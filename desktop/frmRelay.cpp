@@ -1,0 +1,567 @@
+#include "desktop/frmRelay.h"
+
+#include <QCloseEvent>
+#include <QImageReader>
+#include <QMenuBar>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/QtConvert.h"
+
+namespace vantrellion {
+
+namespace {
+
+// Design positions in a row's frame, in twips: left, top, width, height.
+struct Rect {
+    int left, top, width, height;
+};
+constexpr Rect kDisplayName{30, 15, 735, 270};
+constexpr Rect kDaysOfWeek{30, 300, 735, 270};
+constexpr Rect kDayHrEvenOdd{810, 300, 285, 270};
+constexpr Rect kOnOffLight{810, 30, 285, 270};
+constexpr Rect kIDIcon{1125, 60, 510, 510};  // row 0 stands at top 45
+constexpr Rect kManual{1665, 30, 600, 270};
+constexpr Rect kInvert{1665, 315, 600, 270};
+constexpr int kPairLefts[6] = {2310, 2955, 3600, 4245, 4890, 5550};
+constexpr Rect kStartTime{0, 30, 600, 270};
+constexpr Rect kEndTime{0, 315, 600, 270};
+constexpr Rect kTotalTime{6240, 30, 720, 270};
+constexpr Rect kCounter{6240, 315, 720, 270};
+constexpr Rect kHardStop{7020, 45, 480, 480};
+constexpr int kFrameWidth = 7575, kFrameHeight = 615;
+
+void Place(QWidget* w, const Rect& r, int left = -1) {
+    w->setGeometry(Px(left < 0 ? r.left : left), Px(r.top), Px(r.width), Px(r.height));
+}
+
+// Sets one colour role, and only when it changes: no re-polish, no repaint for nothing.
+void SetRoleColor(QWidget* w, QPalette::ColorRole role, Color c) {
+    const QColor color = ToQColor(c);
+    if (w->palette().color(role) == color && w->autoFillBackground()) return;
+    QPalette pal = w->palette();
+    pal.setColor(role, color);
+    w->setPalette(pal);
+    w->setAutoFillBackground(true);
+}
+
+void SetCaption(QLabel* l, const std::string& text) {
+    const QString q = Q(text);
+    if (l->text() != q) l->setText(q);
+}
+
+void SetFieldText(QLineEdit* e, const std::string& text) {
+    const QString q = Q(text);
+    if (e->text() != q) e->setText(q);
+}
+
+QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption) {
+    auto* l = new QLabel(caption, parent);
+    l->setObjectName(name);
+    l->setAlignment(Qt::AlignCenter);
+    l->setFrameShape(QFrame::Panel);
+    l->setFrameShadow(QFrame::Sunken);
+    return l;
+}
+
+QLineEdit* MakeField(QWidget* parent, const QString& name) {
+    auto* e = new QLineEdit(parent);
+    e->setObjectName(name);
+    e->setTextMargins(0, 0, 0, 0);
+    return e;
+}
+
+}  // namespace
+
+void OnOffLight::SetColor(const QColor& c) {
+    if (c == color_) return;
+    color_ = c;
+    update();
+}
+
+void OnOffLight::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), color_);
+    p.setPen(Qt::black);
+    p.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+frmRelay::frmRelay(System& s, QWidget* parent) : QMainWindow(parent), s_(s) {
+    setObjectName("frmRelay");
+    BuildRows();
+    BuildMenus();
+    BuildStatusBar();
+}
+
+frmRelay::~frmRelay() { CloseTimeWindow(); }
+
+void frmRelay::BuildRows() {
+    auto* central = new QWidget(this);
+    central->setObjectName("frmRelayClient");
+    setCentralWidget(central);
+    for (int i = 0; i < 8; ++i) {
+        auto* f = new QFrame(central);
+        f->setObjectName("fraRelayGroup");
+        f->setFrameShape(QFrame::Box);
+        f->resize(Px(kFrameWidth), Px(kFrameHeight));
+        fraRelayGroup[i] = f;
+
+        txtDisplayName[i] = MakeField(f, "txtDisplayName");
+        Place(txtDisplayName[i], kDisplayName);
+        if (i != 0) txtDisplayName[i]->setMaxLength(9);  // row 0 has no limit
+
+        txtDaysOfWeek[i] = MakeField(f, "txtDaysOfWeek");
+        Place(txtDaysOfWeek[i], kDaysOfWeek);
+        txtDaysOfWeek[i]->setMaxLength(i == 0 ? 9 : 8);
+
+        txtDayHrEvenOdd[i] = MakeField(f, "txtDayHrEvenOdd");
+        Place(txtDayHrEvenOdd[i], kDayHrEvenOdd);
+        txtDayHrEvenOdd[i]->setMaxLength(2);
+        txtDayHrEvenOdd[i]->setAlignment(Qt::AlignCenter);
+
+        shpOnOffLight[i] = new OnOffLight(f);
+        shpOnOffLight[i]->setObjectName("shpOnOffLight");
+        Place(shpOnOffLight[i], kOnOffLight);
+
+        imgIDIcon[i] = new QLabel(f);
+        imgIDIcon[i]->setObjectName("imgIDIcon");
+        Rect icon = kIDIcon;
+        if (i == 0) icon.top = 45;
+        Place(imgIDIcon[i], icon);
+        imgIDIcon[i]->setScaledContents(true);
+
+        lblManual[i] = MakeLabel(f, "lblManual", "Manual");
+        Place(lblManual[i], kManual);
+        lblInvert[i] = MakeLabel(f, "lblInvert", "Invert");
+        Place(lblInvert[i], kInvert);
+
+        for (int p = 0; p < 6; ++p) {
+            const int k = PairIndex(i, p);
+            txtStartTime[k] = MakeField(f, "txtStartTime");
+            Place(txtStartTime[k], kStartTime, kPairLefts[p]);
+            txtEndTime[k] = MakeField(f, "txtEndTime");
+            Place(txtEndTime[k], kEndTime, kPairLefts[p]);
+        }
+
+        lblTotalTime[i] = MakeLabel(f, "lblTotalTime", "00:00:00");
+        Place(lblTotalTime[i], kTotalTime);
+        lblCounter[i] = MakeLabel(f, "lblCounter", "Counter");
+        Place(lblCounter[i], kCounter);
+
+        imgHardStop[i] = new QLabel(f);
+        imgHardStop[i]->setObjectName("imgHardStop");
+        Place(imgHardStop[i], kHardStop);
+        imgHardStop[i]->setScaledContents(true);
+    }
+    // Tab order: row by row, name, days, code, then the pairs start before end.
+    QWidget* previous = nullptr;
+    for (int i = 0; i < 8; ++i) {
+        std::vector<QWidget*> order = {txtDisplayName[i], txtDaysOfWeek[i], txtDayHrEvenOdd[i]};
+        for (int p = 0; p < 6; ++p) {
+            order.push_back(txtStartTime[PairIndex(i, p)]);
+            order.push_back(txtEndTime[PairIndex(i, p)]);
+        }
+        for (QWidget* w : order) {
+            if (previous) setTabOrder(previous, w);
+            previous = w;
+        }
+    }
+}
+
+QAction* frmRelay::AddItem(QMenu* menu, const QString& name, const QString& caption, int index) {
+    QAction* a = menu->addAction(caption);
+    a->setObjectName(name);
+    a->setData(index);
+    actions_.emplace(name, a);
+    return a;
+}
+
+void frmRelay::BuildMenus() {
+    QMenuBar* bar = menuBar();
+    auto top = [&](const QString& name, const QString& caption) {
+        QMenu* m = bar->addMenu(caption);
+        m->setObjectName(name);
+        m->menuAction()->setObjectName(name);
+        menus_.emplace(name, m);
+        actions_.emplace(name, m->menuAction());
+        return m;
+    };
+
+    QMenu* file = top("mnuFile", "&File");
+    AddItem(file, "mnuFileNew", "&New");
+    AddItem(file, "mnuFileOpen", "&Open");
+    file->addSeparator();
+    AddItem(file, "mnuFilePrintForm", "Print Window");
+    AddItem(file, "mnuFilePrintScreen", "Print Screen");
+    file->addSeparator();
+    AddItem(file, "mnuFileSave", "&Save");
+    AddItem(file, "mnuFileSaveAs", "Save &As...");
+    file->addSeparator();
+    AddItem(file, "mnuFileConfiguration", "Configuration");
+    AddItem(file, "mnuFileConfigurationRemove", "Configuration (Remove)");
+    file->addSeparator();
+    for (int n = 0; n < 6; ++n) AddItem(file, "mnuMRUFiles", "", n)->setVisible(false);
+    AddItem(file, "mnuFileExit", "E&xit");
+    QAction* sep6 = file->addSeparator();
+    sep6->setObjectName("mnuFileSep6");
+    sep6->setVisible(false);
+    AddItem(file, "mnuFileMFU", "")->setVisible(false);
+
+    QMenu* edit = top("mnuEdit", "&Edit");
+    edit->menuAction()->setVisible(false);
+
+    QMenu* tool = top("mnuTool", "&Tool");
+    AddItem(tool, "mnuToolLogging", "Logging")->setCheckable(true);
+    AddItem(tool, "mnuToolLogFileView", "View Log File");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolRemoveLogFile", "Remove Log File(s)");
+    AddItem(tool, "mnuToolRemoveRestartFile", "Remove Restart File");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolSetRelays", "Set All Relays");
+    AddItem(tool, "mnuToolSetRelaysDelay", "Set All Relays (w/Delay)");
+    AddItem(tool, "mnuToolSetRelaysPause", "Set All Relays (w/Pause)");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolResetRelays", "Reset All Relays");
+    AddItem(tool, "mnuToolResetRelaysDelay", "Reset All Relays (w/Delay)");
+    AddItem(tool, "mnuToolResetRelaysPause", "Reset All Relays (w/Pause)");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolZeroCounters", "Reset All Counters");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolForceCheckTime", "Force Time Check");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolListAddress_H200_H3FF", "List Addresses H200-H3FF");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolRunNoBoards", "Emulation Mode (Run With No Boards) ")->setCheckable(true);
+    tool->addSeparator();
+    QMenu* boot = tool->addMenu("Run when Computer Boots (Starts)");
+    boot->setObjectName("mnuToolRunOnBoot");
+    boot->menuAction()->setObjectName("mnuToolRunOnBoot");
+    menus_.emplace("mnuToolRunOnBoot", boot);
+    actions_.emplace("mnuToolRunOnBoot", boot->menuAction());
+
+    QMenu* dev = top("mnuDev", "Dev");
+    AddItem(dev, "mnuDevPrintResourceFile", "Print Resource File");
+    AddItem(dev, "mnuDevTestRoutine", "Test Routine");
+    AddItem(dev, "mnuDevStepCautionMessageBox", "Step Caution Message Box ( 1)");
+    AddItem(dev, "mnuDevStepErrorMessageBox", "Step Error     Message Box (10)");
+    AddItem(dev, "mnuDevStepErrorMsgBox", "Step Error     MsgBox          (15)");
+    AddItem(dev, "mnuDevStepInfoMessageBox", "Step Info      Message Box  ( 2)");
+    AddItem(dev, "mnuDevStepInfoMsgBox", "Step Info      MsgBox           ( 4)");
+    AddItem(dev, "mnuDevTestConfigBoards", "Test Config Boards");
+    AddItem(dev, "mnuDevTestConfigColors", "Test Config Colors");
+    dev->menuAction()->setVisible(false);
+
+    QMenu* state = top("mnuState", "States/Inputs");
+    for (int n = 0; n < 4; ++n) {
+        const QString b = QString("B%1").arg(n + 1);
+        QMenu* board = state->addMenu(QString("Manual Set Board %1").arg(n + 1));
+        board->setObjectName("mnuStateManualBoard");
+        board->menuAction()->setObjectName("mnuStateManualBoard");
+        board->menuAction()->setData(n);
+        menus_.emplace("mnuStateManualBoard", board);
+        actions_.emplace("mnuStateManualBoard", board->menuAction());
+        AddItem(board, "mnuStateMan_" + b + "_StepAll", n == 1 ? "Step Thru  All" : "Step Thru All");
+        board->addSeparator();
+        for (int r = 0; r < 8; ++r) AddItem(board, "mnuStateMan_" + b + "_On", QString("On %1").arg(r), r);
+        board->addSeparator();
+        for (int r = 0; r < 8; ++r)
+            AddItem(board, "mnuStateMan_" + b + "_Off", QString("Off %1").arg(r), r);
+        board->addSeparator();
+        AddItem(board, "mnuStateMan_" + b + "_AllOn", "All On");
+        AddItem(board, "mnuStateMan_" + b + "_AllOff", "All Off");
+        board->addSeparator();
+        AddItem(board, "mnuStateMan_" + b + "_AllOnPause", "All On (with Pause)");
+        AddItem(board, "mnuStateMan_" + b + "_AllOffPause", "All Off (with Pause)");
+    }
+    state->addSeparator();
+    for (int n = 0; n < 4; ++n)
+        AddItem(state, "mnuStateDisplayState", QString("Board %1 State (Not Set)").arg(n + 1), n);
+    state->addSeparator();
+    for (int n = 0; n < 4; ++n)
+        AddItem(state, "mnuStateDisplayInput", QString("Board %1 Inputs (Not Set)").arg(n + 1), n);
+
+    QMenu* help = top("mnuHelp", "&Help");
+    AddItem(help, "mnuHelpGeneral", "Help (General)");
+    AddItem(help, "mnuHelpConfiguration", "Help (Configuration)");
+    AddItem(help, "mnuHelpTimeWin", "Time Window");
+    AddItem(help, "mnuHelpSplash", "Splash Screen");
+    AddItem(help, "mnuHelpAbout", "&About");
+
+    // A top-level read-out with no command.
+    QAction* address = bar->addAction("Board Addresses (Not Defined)");
+    address->setObjectName("mnuDisplayAddress");
+    actions_.emplace("mnuDisplayAddress", address);
+}
+
+void frmRelay::BuildStatusBar() {
+    StatusBar1 = new QStatusBar(this);
+    StatusBar1->setObjectName("StatusBar1");
+    StatusBar1->setSizeGripEnabled(false);
+    setStatusBar(StatusBar1);
+    const int stretch[5] = {0, 0, 0, 0, 1};
+    for (int n = 0; n < 5; ++n) {
+        StatusPanel[n] = new QLabel(StatusBar1);
+        StatusPanel[n]->setObjectName(QString("StatusBar1Panel%1").arg(n + 1));
+        StatusPanel[n]->setFrameShape(QFrame::Panel);
+        StatusPanel[n]->setFrameShadow(QFrame::Sunken);
+        StatusPanel[n]->setMinimumWidth(n == 4 ? 120 : 60);
+        StatusBar1->addPermanentWidget(StatusPanel[n], stretch[n]);
+    }
+}
+
+QAction* frmRelay::Menu(const QString& name, int index) const {
+    auto [first, last] = actions_.equal_range(name);
+    for (auto it = first; it != last; ++it)
+        if (it->second->data().toInt() == index) return it->second;
+    return first != last ? first->second : nullptr;
+}
+
+QMenu* frmRelay::SubMenu(const QString& name, int index) const {
+    auto [first, last] = menus_.equal_range(name);
+    for (auto it = first; it != last; ++it)
+        if (it->second->menuAction()->data().toInt() == index) return it->second;
+    return first != last ? first->second : nullptr;
+}
+
+void frmRelay::OnMenu(const QString& name, std::function<void(int)> command) {
+    auto [first, last] = actions_.equal_range(name);
+    for (auto it = first; it != last; ++it) {
+        QAction* a = it->second;
+        connect(a, &QAction::triggered, this, [a, command] { command(a->data().toInt()); });
+    }
+}
+
+void frmRelay::StackRelayGroups() {
+    int top = Px(50);
+    for (int i = 0; i < 8; ++i) {
+        fraRelayGroup[i]->move(Px(50), top);
+        top += fraRelayGroup[i]->height();
+    }
+}
+
+void frmRelay::SizeFormToRows() {
+    const QFrame* last = fraRelayGroup[7];
+    const QFrame* first = fraRelayGroup[0];
+    const int height = StatusBar1->sizeHint().height() + last->y() + last->height() + Px(1150) -
+                       Px(600);  // the title bar and borders are the window system's
+    const int width = first->x() + first->width() + Px(150);
+    resize(width, std::max(height, last->y() + last->height() + menuBar()->sizeHint().height() +
+                                       StatusBar1->sizeHint().height()));
+}
+
+void frmRelay::ApplyRunTimeFonts() {
+    QFont base("Arial");
+    base.setPointSizeF(8.25);
+    base.setWeight(QFont::Normal);
+    setFont(base);
+    // Controls are matched by their exact name; "txtdaysofweek" matches none, so the days
+    // field keeps its design font and limits.
+    struct Entry {
+        const char* name;
+        double size;
+        int maxLength;
+    };
+    static const Entry kTable[] = {
+        {"txtStartTime", 7.0, -1}, {"txtEndTime", 7.0, -1},     {"lblInvert", 7.0, -1},
+        {"lblManual", 7.0, -1},    {"txtdaysofweek", 8.0, 9},   {"txtDayHrEvenOdd", 8.0, 2},
+        {"StatusBar1", 8.0, 2},
+    };
+    for (QWidget* w : findChildren<QWidget*>()) {
+        for (const Entry& e : kTable) {
+            if (w->objectName() != QLatin1String(e.name)) continue;
+            QFont f("Arial");
+            f.setPointSizeF(e.size);
+            f.setWeight(QFont::Normal);
+            w->setFont(f);
+            if (auto* edit = qobject_cast<QLineEdit*>(w); edit && e.maxLength > 0)
+                edit->setMaxLength(e.maxLength);
+        }
+    }
+}
+
+// RowDisplay ------------------------------------------------------------------------------
+
+void frmRelay::SetOnOffLight(int i, Color c) { shpOnOffLight[i]->SetColor(ToQColor(c)); }
+
+void frmRelay::SetTimePairBackground(int k, Color c) {
+    SetRoleColor(txtStartTime[k], QPalette::Base, c);
+    SetRoleColor(txtEndTime[k], QPalette::Base, c);
+}
+
+void frmRelay::SetDayHrEvenOddBackground(int i, Color c) {
+    SetRoleColor(txtDayHrEvenOdd[i], QPalette::Base, c);
+}
+
+void frmRelay::SetManualBackground(int i, Color c) { SetRoleColor(lblManual[i], QPalette::Window, c); }
+void frmRelay::SetInvertBackground(int i, Color c) { SetRoleColor(lblInvert[i], QPalette::Window, c); }
+void frmRelay::SetInvertCaption(int i, const std::string& t) { SetCaption(lblInvert[i], t); }
+void frmRelay::SetTotalTimeBackground(int i, Color c) {
+    SetRoleColor(lblTotalTime[i], QPalette::Window, c);
+}
+void frmRelay::SetTotalTimeCaption(int i, const std::string& t) { SetCaption(lblTotalTime[i], t); }
+void frmRelay::SetCounterBackground(int i, Color c) {
+    SetRoleColor(lblCounter[i], QPalette::Window, c);
+}
+void frmRelay::SetCounterCaption(int i, const std::string& t) { SetCaption(lblCounter[i], t); }
+
+void frmRelay::SetStateDisplayCaption(int b, const std::string& t) {
+    if (QAction* a = Menu("mnuStateDisplayState", b); a && a->text() != Q(t)) a->setText(Q(t));
+}
+
+void frmRelay::SetInputDisplayCaption(int b, const std::string& t) {
+    if (QAction* a = Menu("mnuStateDisplayInput", b); a && a->text() != Q(t)) a->setText(Q(t));
+}
+
+bool frmRelay::IsMinimized() const { return isMinimized(); }
+
+void frmRelay::SetStatusTime(const std::string& t) { SetCaption(StatusPanel[1], t); }
+
+void frmRelay::SetTimeWindowCaption(const std::string& t) {
+    if (!frmTime_) {
+        frmTime_ = new QWidget(this, Qt::Tool);
+        frmTime_->setObjectName("frmTime");
+        frmTime_->setWindowTitle("Time");
+        auto* layout = new QVBoxLayout(frmTime_);
+        layout->setContentsMargins(0, 0, 0, 0);
+        lblTime_ = new QLabel(frmTime_);
+        lblTime_->setObjectName("lblTime");
+        lblTime_->setAlignment(Qt::AlignCenter);
+        layout->addWidget(lblTime_);
+        frmTime_->resize(Px(2490), Px(990));
+    }
+    SetCaption(lblTime_, t);
+}
+
+void frmRelay::CloseTimeWindow() {
+    delete frmTime_;
+    frmTime_ = nullptr;
+    lblTime_ = nullptr;
+}
+
+// MainScreenView --------------------------------------------------------------------------
+
+QWidget* frmRelay::Widget(Control c, int index) const {
+    switch (c) {
+        case Control::fraRelayGroup: return fraRelayGroup[index];
+        case Control::txtDisplayName: return txtDisplayName[index];
+        case Control::txtDaysOfWeek: return txtDaysOfWeek[index];
+        case Control::txtDayHrEvenOdd: return txtDayHrEvenOdd[index];
+        case Control::txtStartTime: return txtStartTime[index];
+        case Control::txtEndTime: return txtEndTime[index];
+        case Control::shpOnOffLight: return shpOnOffLight[index];
+        case Control::imgIDIcon: return imgIDIcon[index];
+        case Control::imgHardStop: return imgHardStop[index];
+        case Control::lblManual: return lblManual[index];
+        case Control::lblInvert: return lblInvert[index];
+        case Control::lblTotalTime: return lblTotalTime[index];
+        case Control::lblCounter: return lblCounter[index];
+        case Control::StatusBar1: return StatusPanel[std::clamp(index, 1, 5) - 1];
+        default: return nullptr;
+    }
+}
+
+namespace {
+QString MenuName(Control c) {
+    switch (c) {
+        case Control::mnuFileSave: return "mnuFileSave";
+        case Control::mnuToolLogging: return "mnuToolLogging";
+        case Control::mnuToolRunNoBoards: return "mnuToolRunNoBoards";
+        case Control::mnuStateManualBoard: return "mnuStateManualBoard";
+        case Control::mnuStateDisplayState: return "mnuStateDisplayState";
+        case Control::mnuStateDisplayInput: return "mnuStateDisplayInput";
+        case Control::mnuDisplayAddress: return "mnuDisplayAddress";
+        case Control::mnuDev: return "mnuDev";
+        case Control::mnuHelpTimeWin: return "mnuHelpTimeWin";
+        default: return {};
+    }
+}
+}  // namespace
+
+void frmRelay::SetTitle(const std::string& text) { setWindowTitle(Q(text)); }
+
+void frmRelay::SetText(Control c, int index, const std::string& text) {
+    if (QAction* a = Menu(MenuName(c), index); a && !MenuName(c).isEmpty()) {
+        a->setText(Q(text));
+        return;
+    }
+    QWidget* w = Widget(c, index);
+    if (auto* e = qobject_cast<QLineEdit*>(w)) SetFieldText(e, text);
+    else if (auto* l = qobject_cast<QLabel*>(w)) SetCaption(l, text);
+}
+
+std::string frmRelay::Text(Control c, int index) const {
+    if (QAction* a = Menu(MenuName(c), index); a && !MenuName(c).isEmpty()) return S(a->text());
+    QWidget* w = Widget(c, index);
+    if (auto* e = qobject_cast<QLineEdit*>(w)) return S(e->text());
+    if (auto* l = qobject_cast<QLabel*>(w)) return S(l->text());
+    return {};
+}
+
+void frmRelay::SetBackColor(Control c, int index, Color color) {
+    QWidget* w = Widget(c, index);
+    if (!w) return;
+    if (auto* light = dynamic_cast<OnOffLight*>(w)) light->SetColor(ToQColor(color));
+    else if (qobject_cast<QLineEdit*>(w)) SetRoleColor(w, QPalette::Base, color);
+    else SetRoleColor(w, QPalette::Window, color);
+}
+
+void frmRelay::SetEnabled(Control c, int index, bool enabled) {
+    if (QAction* a = Menu(MenuName(c), index); a && !MenuName(c).isEmpty()) {
+        a->setEnabled(enabled);
+        return;
+    }
+    if (QWidget* w = Widget(c, index)) w->setEnabled(enabled);
+}
+
+void frmRelay::SetChecked(Control c, int index, bool checked) {
+    if (QAction* a = Menu(MenuName(c), index); a && !MenuName(c).isEmpty()) {
+        a->setCheckable(true);
+        a->setChecked(checked);
+    }
+}
+
+void frmRelay::SetVisible(Control c, int index, bool visible) {
+    if (QAction* a = Menu(MenuName(c), index); a && !MenuName(c).isEmpty()) {
+        a->setVisible(visible);
+        return;
+    }
+    if (QWidget* w = Widget(c, index)) w->setVisible(visible);
+}
+
+void frmRelay::ClearPicture(Control c, int index) {
+    if (auto* l = qobject_cast<QLabel*>(Widget(c, index))) l->setPixmap(QPixmap());
+}
+
+bool frmRelay::LoadPicture(Control c, int index, const std::string& path, std::string& error) {
+    QImageReader reader(Q(path));
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        error = S(reader.errorString());
+        return false;
+    }
+    if (auto* l = qobject_cast<QLabel*>(Widget(c, index))) l->setPixmap(QPixmap::fromImage(image));
+    return true;
+}
+
+void frmRelay::LoadResourcePicture(Control c, int index, int resourceId) {
+    if (auto* l = qobject_cast<QLabel*>(Widget(c, index)))
+        l->setPixmap(QPixmap(QString(":/icons/%1.png").arg(resourceId)));
+}
+
+void frmRelay::SetStatusFont(int size, bool bold) {
+    QFont f = StatusBar1->font();
+    f.setPointSize(size);
+    f.setBold(bold);
+    StatusPanel[4]->setFont(f);
+}
+
+void frmRelay::closeEvent(QCloseEvent* event) {
+    if (QueryUnload && QueryUnload()) {
+        event->ignore();
+        return;
+    }
+    if (Unload) Unload();
+    event->accept();
+}
+
+}  // namespace vantrellion

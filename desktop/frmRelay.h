@@ -1,0 +1,119 @@
+// The main screen: eight relay rows stacked in one column, the menus above and StatusBar1
+// below. It renders what the core paints (RowDisplay for the tick, MainScreenView for the
+// rest) and turns Qt events into calls of the core.
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QStatusBar>
+#include <array>
+#include <functional>
+#include <map>
+
+#include "core/MainScreenView.h"
+#include "core/SharedState.h"
+
+namespace vantrellion {
+
+// shpOnOffLight: a plain filled shape whose background and fill are the relay's colour.
+class OnOffLight : public QWidget {
+public:
+    explicit OnOffLight(QWidget* parent) : QWidget(parent) {}
+    void SetColor(const QColor& c);
+    QColor ColorShown() const { return color_; }
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    QColor color_{Qt::black};
+};
+
+class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
+    Q_OBJECT
+public:
+    explicit frmRelay(System& s, QWidget* parent = nullptr);
+    ~frmRelay() override;
+
+    // Control arrays, by the names of the system.
+    std::array<QFrame*, 8> fraRelayGroup{};
+    std::array<QLineEdit*, 8> txtDisplayName{}, txtDaysOfWeek{}, txtDayHrEvenOdd{};
+    std::array<OnOffLight*, 8> shpOnOffLight{};
+    std::array<QLabel*, 8> imgIDIcon{}, imgHardStop{};
+    std::array<QLabel*, 8> lblManual{}, lblInvert{}, lblTotalTime{}, lblCounter{};
+    std::array<QLineEdit*, PairSlots> txtStartTime{}, txtEndTime{};
+    QStatusBar* StatusBar1 = nullptr;
+    std::array<QLabel*, 5> StatusPanel{};  // panels 1 to 5
+
+    // The menu items by name; arrays hold one entry per index.
+    QAction* Menu(const QString& name, int index = 0) const;
+    QMenu* SubMenu(const QString& name, int index = 0) const;
+
+    // RowDisplay
+    void SetOnOffLight(int i, Color c) override;
+    void SetTimePairBackground(int k, Color c) override;
+    void SetDayHrEvenOddBackground(int i, Color c) override;
+    void SetManualBackground(int i, Color c) override;
+    void SetInvertBackground(int i, Color c) override;
+    void SetInvertCaption(int i, const std::string& text) override;
+    void SetTotalTimeBackground(int i, Color c) override;
+    void SetTotalTimeCaption(int i, const std::string& text) override;
+    void SetCounterBackground(int i, Color c) override;
+    void SetCounterCaption(int i, const std::string& text) override;
+    void SetStateDisplayCaption(int b, const std::string& text) override;
+    void SetInputDisplayCaption(int b, const std::string& text) override;
+    bool IsMinimized() const override;
+    void SetStatusTime(const std::string& text) override;
+    void SetTimeWindowCaption(const std::string& text) override;
+
+    // MainScreenView
+    void SetTitle(const std::string& text) override;
+    void SetText(Control c, int index, const std::string& text) override;
+    std::string Text(Control c, int index) const override;
+    void SetBackColor(Control c, int index, Color color) override;
+    void SetEnabled(Control c, int index, bool enabled) override;
+    void SetChecked(Control c, int index, bool checked) override;
+    void SetVisible(Control c, int index, bool visible) override;
+    void ClearPicture(Control c, int index) override;
+    bool LoadPicture(Control c, int index, const std::string& path, std::string& error) override;
+    void LoadResourcePicture(Control c, int index, int resourceId) override;
+    void SetStatusFont(int size, bool bold) override;
+
+    // Geometry of the screen, in the order of loading.
+    void StackRelayGroups();
+    void SizeFormToRows();
+    void ApplyRunTimeFonts();
+
+    // Runs a menu command; the desktop wires the commands of each menu item here.
+    void OnMenu(const QString& name, std::function<void(int)> command);
+
+    // The floating clock, created on first use.
+    QWidget* TimeWindow() const { return frmTime_; }
+    void CloseTimeWindow();
+
+    // The close path: QueryUnload answers true to cancel the close; Unload runs once the
+    // close goes on.
+    std::function<bool()> QueryUnload;
+    std::function<void()> Unload;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildRows();
+    void BuildMenus();
+    void BuildStatusBar();
+    QWidget* Widget(Control c, int index) const;
+    QAction* AddItem(QMenu* menu, const QString& name, const QString& caption, int index = 0);
+
+    System& s_;
+    std::multimap<QString, QAction*> actions_;
+    std::multimap<QString, QMenu*> menus_;
+    QWidget* frmTime_ = nullptr;
+    QLabel* lblTime_ = nullptr;
+};
+
+}  // namespace vantrellion

@@ -1,0 +1,154 @@
+#include "runfile/FileCommands.h"
+
+#include "boardio/BoardSetup.h"
+#include "core/CheckTimeControl.h"
+#include "core/ResetRelayRecords.h"
+#include "logging/EventLog.h"
+#include "mainscreen/LoadRowIcons.h"
+#include "mainscreen/RefreshTitleAndMenus.h"
+#include "mainscreen/RowRefill.h"
+#include "runfile/CrashRestart.h"
+#include "runfile/RunFileLoad.h"
+#include "runfile/RunFileSave.h"
+
+namespace vantrellion {
+
+namespace {
+
+void StoreDataFileLocation(System& s) {
+    if (ConfigurationStore* c = s.platform.configuration) {
+        c->ConfigurationDataFileNameSave();
+        c->ConfigurationDataFilePathSave();
+    }
+}
+
+// The text of the "Open" and "Save" events: path, a separator, name. The path keeps its own
+// trailing separator, so the text holds two in a row.
+std::string EventFileText(const System& s) {
+    return s.modRelay.DataFilePath + "/" + s.modRelay.DataFileName;
+}
+
+void RemoveTheRestartFile(System& s) {
+    RemoveRestartFile(s, s.platform.machineDirectory, RestartFileName);
+}
+
+}  // namespace
+
+int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string& FileName) {
+    MessageBoxRequest box;
+    box.Prompt = "Save File?";
+    box.Title = "Save?";
+    box.ButtonSet = Buttons::YesNoCancel;
+    box.DefaultButton = 2;
+    switch (s.Message(box)) {
+        case Answer::Yes:
+            if (!FileName.empty()) SaveRunFile(s, Path, FileName);
+            else ShowFileSaveDialog(s);
+            return 0;
+        case Answer::Cancel: return 2;
+        default: return 0;
+    }
+}
+
+void SplitChosenFileName(System& s, const std::string& chosen) {
+    const auto slash = chosen.rfind('/');
+    const std::string last = slash == std::string::npos ? chosen : chosen.substr(slash + 1);
+    s.modRelay.DataFileName = last;
+    s.modRelay.DataFilePath = chosen.substr(0, chosen.size() - last.size());
+}
+
+void mnuFileNew(System& s) {
+    FrmRelay& f = s.frmRelay;
+    SuspendCheckTime(s);
+    // Cancel does not stop New: the answer is not looked at.
+    if (f.FileChanged != 0)
+        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName);
+    f.AutoRestarted = False;
+    RemoveTheRestartFile(s);
+    s.modRelay.DataFileName = "";
+    ResetRelayRecords(s);
+    ResetRowVisuals(s);
+    FillRowsFromRecords(s);
+    RefreshTitleAndMenus(s);
+    ResetAllRelays(s);
+    f.RestartDisabled = False;
+    f.FileChanged = False;
+    SaveRestartFile(s);
+    ResumeCheckTime(s);
+}
+
+void mnuFileOpen(System& s) {
+    FrmRelay& f = s.frmRelay;
+    ModRelay& m = s.modRelay;
+    SuspendCheckTime(s);
+    if (f.FileChanged != 0) FormAskFileSaveCancel(s, m.DataFilePath, m.DataFileName);
+
+    FileDialogRequest dialog;
+    dialog.InitialDirectory = m.DataFilePath;
+    dialog.FileName = m.DataFileName;
+    dialog.Title = "Select Time-Schedule";
+    dialog.Filter = "Run File (*.run)|*.run";
+    dialog.Flags = 0x81000;
+    const std::optional<std::string> chosen = s.platform.dialogs->ShowOpen(dialog);
+    // A cancelled dialog ends the command here, and the tick stays stopped until another
+    // command resumes it.
+    if (!chosen) return;
+
+    SplitChosenFileName(s, *chosen);
+    StoreDataFileLocation(s);
+    f.AutoRestarted = False;
+    ResetRelayRecords(s);
+    ResetRowVisuals(s);
+    if (LoadRunFile(s, m.DataFilePath, m.DataFileName, true) != RunFileLoaded) {
+        s.Message({"New, error encountered loading selected Run-Schedule"});
+        m.DataFileName = "";
+        ResetRelayRecords(s);
+        ResetRowVisuals(s);
+    } else {
+        WriteEventLog(s, "Open", EventFileText(s));
+        f.FileChanged = False;
+        RemoveTheRestartFile(s);
+        for (int i = 0; i <= LastRelay; ++i) f.Relay[i].Count = 0;
+        SaveRestartFile(s);
+    }
+    FillRowsFromRecords(s);
+    LoadRowIcons(s, true);
+    RefreshTitleAndMenus(s);
+    ResetAllRelays(s);
+    f.RestartDisabled = False;
+    f.FileChanged = False;
+    SaveRestartFile(s);
+    ResumeCheckTime(s);
+}
+
+void mnuFileSave(System& s) {
+    ModRelay& m = s.modRelay;
+    if (m.DataFileName == " " || m.DataFilePath.empty()) {
+        ShowFileSaveDialog(s);
+        return;
+    }
+    SaveRunFile(s, m.DataFilePath, m.DataFileName);
+    WriteEventLog(s, "Save", EventFileText(s));
+}
+
+void mnuFileSaveAs(System& s) { ShowFileSaveDialog(s); }
+
+void ShowFileSaveDialog(System& s) {
+    ModRelay& m = s.modRelay;
+    FileDialogRequest dialog;
+    dialog.InitialDirectory = m.DataFilePath;
+    dialog.FileName = m.DataFileName;
+    dialog.Title = "Save Time-Schedule as";
+    dialog.Filter = "Run File (*.run)|*.run|Text File (*.txt)|*.txt";
+    dialog.Flags = 2;
+    if (const std::optional<std::string> chosen = s.platform.dialogs->ShowSave(dialog)) {
+        SplitChosenFileName(s, *chosen);
+        StoreDataFileLocation(s);
+        SaveRunFile(s, m.DataFilePath, m.DataFileName);
+        WriteEventLog(s, "Save", EventFileText(s));
+        s.frmRelay.FileChanged = False;
+    }
+    RefreshTitleAndMenus(s);
+}
+
+}  // namespace vantrellion

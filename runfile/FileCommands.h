@@ -1,0 +1,22 @@
+// The File menu's schedule commands: New, Open, Save, Save As, and the ask-to-save step.
+#pragma once
+
+#include <string>
+
+#include "core/SharedState.h"
+
+namespace vantrellion {
+
+void mnuFileNew(System& s);
+void mnuFileOpen(System& s);
+void mnuFileSave(System& s);
+void mnuFileSaveAs(System& s);
+
+// "Save File?" with Yes, No and Cancel. 2 when the user chose Cancel, otherwise 0.
+int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string& FileName);
+void ShowFileSaveDialog(System& s);
+// Splits the dialog's full name at its last "/": DataFileName is the last piece, DataFilePath
+// the rest with its trailing "/".
+void SplitChosenFileName(System& s, const std::string& chosen);
+
+}  // namespace vantrellion
