@@ -15,6 +15,8 @@
 
 namespace vantrellion {
 
+class KeyValueStore;  // configuration/KeyValueStore.h
+
 struct RelayRecord {
     std::string DisplayName;
     std::string DaysOfWeek;
@@ -99,6 +101,9 @@ struct Platform {
     // The per-user machine directory, with its trailing "/": restart file, store, default log
     // directory. Tests point it at a temporary directory.
     std::string machineDirectory;
+    // The key/value store (store.db in the machine directory), made by whoever builds the
+    // System; without one every key reads as missing and every write is refused.
+    KeyValueStore* store = nullptr;
 };
 
 struct System {
