@@ -1,0 +1,201 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "boardio/BoardSetup.h"
+#include "core/FatalError.h"
+#include "support/Fakes.h"
+
+namespace vantrellion {
+namespace {
+
+using test::SimulatedPorts;
+using test::TestSystem;
+using Access = SimulatedPorts::Access;
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+
+constexpr int16_t kBase = 0x300;
+constexpr int16_t kInput = 0x301;
+constexpr int16_t kCntl = 0x303;
+
+Access R(int16_t port, int16_t v) {
+    return {false, port, v};
+}
+Access W(int16_t port, int16_t v) {
+    return {true, port, v};
+}
+
+TEST(PortInitBoard, WritesTheControlRegisterThenDropsTheDataPorts) {
+    struct Case {
+        const char* name;
+        Flag runNoBoards;
+        int16_t base, input, cntl, config;
+        std::vector<Access> writes;
+    };
+    const Case cases[] = {
+        {"all set", False, kBase, kInput, kCntl, 0x80, {W(kCntl, 0x80), W(kBase, 0), W(kInput, 0)}},
+        {"no base", False, 0, kInput, kCntl, 0x9B, {W(kCntl, 0x9B), W(kInput, 0)}},
+        {"no input", False, kBase, 0, kCntl, 0x80, {W(kCntl, 0x80), W(kBase, 0)}},
+        {"control but no value", False, kBase, kInput, kCntl, 0, {}},
+        {"value but no control", False, kBase, kInput, 0, 0x80, {}},
+        {"emulation", True, kBase, kInput, kCntl, 0x80, {}},
+    };
+    for (const Case& c : cases) {
+        TestSystem t;
+        t.mod().RunNoBoards = c.runNoBoards;
+        t.ports.bytes[kBase] = 0x55;
+        EXPECT_EQ(PortInitBoard(t.s, c.base, c.input, c.cntl, c.config, 0, 0), 0) << c.name;
+        // Never a read; without a write of the control register the data ports stay as they are.
+        EXPECT_THAT(t.ports.log, ElementsAreArray(c.writes)) << c.name;
+        EXPECT_EQ(t.frm().EmulatedPort[0], 0) << c.name;
+    }
+}
+
+TEST(PortInitBoard, InitAllBoardsSetsUpTheDrivenBoardsOnly) {
+    TestSystem t;
+    t.mod().Board[0].CntlAddress = kCntl;
+    t.mod().Board[0].PortConfigValue = 0x80;
+    t.mod().Board[1] = t.mod().Board[0];
+    t.mod().Board[1].BaseAddress = 0x310;
+    t.mod().Board[1].CntlAddress = 0x313;
+    InitAllBoards(t.s);
+    EXPECT_THAT(t.ports.log, ElementsAre(W(kCntl, 0x80), W(kBase, 0), W(kInput, 0)));
+
+    t.ports.Clear();
+    InitBoard(t.s, 1, 0);  // the configuration screen may still set up a stored board
+    EXPECT_THAT(t.ports.log, ElementsAre(W(0x313, 0x80), W(0x310, 0), W(kInput, 0)));
+}
+
+TEST(PortInitBoard, AControlValueOutsideAByteIsAFatalOverflow) {
+    TestSystem t;
+    try {
+        PortInitBoard(t.s, kBase, kInput, kCntl, 300, 0, 0);
+        ADD_FAILURE() << "no overflow";
+    } catch (const FatalError& e) {
+        EXPECT_EQ(e.Number(), ErrOverflow);
+    }
+}
+
+// Exit runs ResetAllRelays and then ClearOutputPorts, in both modes and with either setting
+// of ResetOnExit.
+TEST(BoardReset, AtExitInTheFourCombinationsOfModeAndResetOnExit) {
+    struct Case {
+        const char* name;
+        Flag runNoBoards;
+        Flag resetOnExit;
+        bool relaysCleared;     // the relays (real or emulated) go off, CycleStart cleared
+        bool finalWriteOfZero;  // Out8255(BaseAddress, 0) goes to the real port
+    };
+    const Case cases[] = {
+        {"real, no reset", False, 0, false, false},
+        {"real, reset", False, True, true, true},
+        {"real, reset set to 1 by a Tool command", False, 1, true, true},
+        {"emulation, no reset", True, 0, true, false},
+        {"emulation, reset", True, True, true, true},
+    };
+    for (const Case& c : cases) {
+        TestSystem t;
+        t.mod().RunNoBoards = c.runNoBoards;
+        t.mod().Board[0].ResetOnExit = c.resetOnExit;
+        t.ports.bytes[kBase] = 0xA5;
+        t.frm().EmulatedPort[0] = 0x5A;
+        for (int i = 0; i < 8; ++i)
+            t.relay(i).CycleStart = 1234;
+
+        ResetAllRelays(t.s);
+        ClearOutputPorts(t.s);
+
+        std::vector<Access> expected;
+        if (c.relaysCleared && c.runNoBoards == 0) {
+            // Bit by bit, in relay order: a read and a write each.
+            int v = 0xA5;
+            for (int r = 0; r < 8; ++r) {
+                expected.push_back(R(kBase, static_cast<int16_t>(v)));
+                v &= ~(1 << r);
+                expected.push_back(W(kBase, static_cast<int16_t>(v)));
+            }
+        }
+        if (c.finalWriteOfZero) expected.push_back(W(kBase, 0));
+        EXPECT_THAT(t.ports.log, ElementsAreArray(expected)) << c.name;
+
+        if (c.runNoBoards != 0) {
+            EXPECT_EQ(t.frm().EmulatedPort[0], 0) << c.name;
+        } else {
+            EXPECT_EQ(t.frm().EmulatedPort[0], 0x5A) << c.name;
+            EXPECT_EQ(t.ports.bytes[kBase], c.relaysCleared ? 0 : 0xA5) << c.name;
+        }
+        for (int i = 0; i < 8; ++i)
+            EXPECT_EQ(t.relay(i).CycleStart, c.relaysCleared ? 0 : 1234) << c.name << " " << i;
+    }
+}
+
+// New resets only: a real board without ResetOnExit keeps its relays, to be turned off by
+// the next tick; in emulation the relays always go off.
+TEST(BoardReset, AtNewNoFinalWrite) {
+    for (Flag runNoBoards : {False, True}) {
+        TestSystem t;
+        t.mod().RunNoBoards = runNoBoards;
+        t.mod().Board[0].ResetOnExit = True;
+        t.ports.bytes[kBase] = 0x03;
+        t.frm().EmulatedPort[0] = 0x03;
+        ResetAllRelays(t.s);
+        if (runNoBoards == 0) {
+            EXPECT_EQ(t.ports.bytes[kBase], 0);
+            EXPECT_EQ(t.ports.Writes().size(), 8u);
+        } else {
+            EXPECT_EQ(t.frm().EmulatedPort[0], 0);
+            EXPECT_THAT(t.ports.log, IsEmpty());
+        }
+    }
+}
+
+TEST(BoardReset, ClearOutputPortsWritesEvenABaseOfZero) {
+    for (Flag runNoBoards : {False, True}) {
+        TestSystem t;
+        t.mod().RunNoBoards = runNoBoards;
+        t.mod().Board[0].BaseAddress = 0;
+        t.mod().Board[1].ResetOnExit = True;  // not a driven board: never written
+        t.mod().Board[1].BaseAddress = 0x310;
+        ClearOutputPorts(t.s);
+        EXPECT_THAT(t.ports.log, ElementsAre(W(0, 0))) << runNoBoards;
+    }
+}
+
+TEST(BoardReset, ResetAllRelaysLeavesUndrivenBoardsAlone) {
+    TestSystem t;
+    t.mod().Board[0].ResetOnExit = False;
+    t.mod().Board[1].ResetOnExit = True;
+    t.mod().Board[1].BaseAddress = 0x310;
+    ResetAllRelays(t.s);
+    EXPECT_THAT(t.ports.log, IsEmpty());
+}
+
+TEST(BoardReset, SetAllRelaysTurnsEveryRelayOnInOrder) {
+    TestSystem t;
+    for (int i = 0; i < 9; ++i)
+        t.relay(i).CycleStart = 77;
+    SetAllRelays(t.s);
+    std::vector<Access> expected;
+    int v = 0;
+    for (int r = 0; r < 8; ++r) {
+        expected.push_back(R(kBase, static_cast<int16_t>(v)));
+        v |= 1 << r;
+        expected.push_back(W(kBase, static_cast<int16_t>(v)));
+    }
+    EXPECT_THAT(t.ports.log, ElementsAreArray(expected));
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(t.relay(i).CycleStart, 0);
+    EXPECT_EQ(t.relay(8).CycleStart, 77);  // the spare record is never reached
+
+    TestSystem e;
+    e.mod().RunNoBoards = True;
+    SetAllRelays(e.s);
+    EXPECT_EQ(e.frm().EmulatedPort[0], 0xFF);
+    EXPECT_THAT(e.ports.log, IsEmpty());
+}
+
+}  // namespace
+}  // namespace vantrellion

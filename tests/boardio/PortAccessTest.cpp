@@ -1,0 +1,224 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "boardio/PortAccess.h"
+#include "boardio/RelayConversionError.h"
+#include "core/FatalError.h"
+#include "support/Fakes.h"
+
+namespace vantrellion {
+namespace {
+
+using test::SimulatedPorts;
+using test::TestSystem;
+using Access = SimulatedPorts::Access;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr int16_t kBase = 0x300;
+constexpr int16_t kInput = 0x301;
+
+Access R(int16_t port, int16_t v) {
+    return {false, port, v};
+}
+Access W(int16_t port, int16_t v) {
+    return {true, port, v};
+}
+
+TEST(GetANDOR, MaskOfEachRelayAndTheBoxForAnyOther) {
+    TestSystem t;
+    for (int r = 0; r <= 7; ++r)
+        EXPECT_EQ(GetANDOR(t.s, r), 1 << r) << r;
+    EXPECT_THAT(t.messages.shown, IsEmpty());
+
+    EXPECT_EQ(GetANDOR(t.s, 8), 0);
+    EXPECT_EQ(GetANDOR(t.s, -1), 0);
+    ASSERT_EQ(t.messages.shown.size(), 2u);
+    EXPECT_EQ(t.messages.shown[0].Prompt, "GetANDOR Error, Relay#:8");
+    EXPECT_EQ(t.messages.shown[1].Prompt, "GetANDOR Error, Relay#:-1");
+    EXPECT_EQ(t.messages.shown[0].ButtonSet, Buttons::OK);
+    EXPECT_EQ(t.messages.shown[0].Title, "Vantrellion");
+}
+
+TEST(PortAccess, RealModeSetAndClearReadThePortThenWriteItBack) {
+    TestSystem t;
+    t.ports.bytes[kBase] = 0x81;
+    SetRelayOn(t.s, 0, 3);
+    SetRelayOn(t.s, 0, 3);  // already on: still a read and a write
+    SetRelayOff(t.s, 0, 0);
+    SetRelayOff(t.s, 0, 5);  // already off
+    EXPECT_THAT(t.ports.log,
+                ElementsAre(R(kBase, 0x81), W(kBase, 0x89), R(kBase, 0x89), W(kBase, 0x89),
+                            R(kBase, 0x89), W(kBase, 0x88), R(kBase, 0x88), W(kBase, 0x88)));
+    EXPECT_EQ(t.frm().EmulatedPort[0], 0);
+    EXPECT_EQ(t.frm().EmulatedOtherPort, 0);
+}
+
+TEST(PortAccess, RealModeReadsTakeEachPortOnce) {
+    TestSystem t;
+    t.ports.bytes[kBase] = 0xFF;
+    t.ports.bytes[kInput] = 0x24;
+    EXPECT_EQ(ReadRelayPorts(t.s)[0], 0xFF);
+    EXPECT_EQ(ReadInputPorts(t.s)[0], 0x24);
+    EXPECT_THAT(t.ports.log, ElementsAre(R(kBase, 0xFF), R(kInput, 0x24)));
+}
+
+// A write that does not stick is seen as such by the read-back.
+TEST(PortAccess, RealModeReadBackShowsAStuckPort) {
+    TestSystem t;
+    t.ports.stuck[kBase] = true;
+    SetRelayOn(t.s, 0, 1);
+    EXPECT_EQ(ReadRelayPorts(t.s)[0], 0);
+}
+
+TEST(PortAccess, BaseAddressZeroTouchesNothingInEitherMode) {
+    for (Flag runNoBoards : {False, True}) {
+        TestSystem t;
+        t.mod().RunNoBoards = runNoBoards;
+        t.mod().Board[0].BaseAddress = 0;
+        t.frm().EmulatedPort[0] = 0x10;
+        t.frm().EmulatedOtherPort = 0x20;
+        t.ports.bytes[0] = 0x7F;
+        SetRelayOn(t.s, 0, 2);
+        SetRelayOff(t.s, 0, 4);
+        EXPECT_EQ(ReadRelayPorts(t.s)[0], 0) << runNoBoards;
+        EXPECT_THAT(t.ports.log, IsEmpty()) << runNoBoards;
+        EXPECT_EQ(t.frm().EmulatedPort[0], 0x10);
+        EXPECT_EQ(t.frm().EmulatedOtherPort, 0x20);
+    }
+}
+
+TEST(PortAccess, InputAddressZeroReadsZeroInEitherMode) {
+    for (Flag runNoBoards : {False, True}) {
+        TestSystem t;
+        t.mod().RunNoBoards = runNoBoards;
+        t.mod().Board[0].InputAddress = 0;
+        t.frm().EmulatedPort[0] = 0xFF;
+        t.frm().EmulatedOtherPort = 0xFF;
+        t.ports.bytes[0] = 0xFF;
+        EXPECT_EQ(ReadInputPorts(t.s)[0], 0) << runNoBoards;
+        EXPECT_THAT(t.ports.log, IsEmpty()) << runNoBoards;
+    }
+}
+
+TEST(PortAccess, EmulationKeepsTheRelaysInMemoryAndLoopsThemBackToTheInputs) {
+    TestSystem t;
+    t.mod().RunNoBoards = True;
+    SetRelayOn(t.s, 0, 3);
+    EXPECT_EQ(t.frm().EmulatedPort[0], 0x08);
+    EXPECT_EQ(ReadRelayPorts(t.s)[0], 0x08);
+    EXPECT_EQ(ReadInputPorts(t.s)[0], 0x08);  // input 4 on at the same tick as relay 4
+    SetRelayOn(t.s, 0, 7);
+    SetRelayOff(t.s, 0, 3);
+    EXPECT_EQ(t.frm().EmulatedPort[0], 0x80);
+    SetRelayOff(t.s, 0, 7);
+    EXPECT_EQ(t.frm().EmulatedPort[0], 0x00);
+    EXPECT_EQ(t.frm().EmulatedOtherPort, 0);
+    EXPECT_THAT(t.ports.log, IsEmpty());
+}
+
+// An output address that is no board's base falls into the catch-all byte, which the output
+// read answers from; the input read answers 0 for any address that is not board 0's input.
+TEST(PortAccess, EmulationOtherPortAndTheAsymmetryOfTheInputRead) {
+    TestSystem t;
+    t.mod().RunNoBoards = True;
+    const int16_t other = 0x2F0;
+    EXPECT_EQ(PortSetBit(t.s, other, 0, 0, 0, 0, 1), 0);
+    EXPECT_EQ(PortSetBit(t.s, other, 0, 0, 0, 0, 6), 0);
+    EXPECT_EQ(t.frm().EmulatedOtherPort, 0x42);
+    EXPECT_EQ(t.frm().EmulatedPort[0], 0);
+    EXPECT_EQ(PortReadOutput(t.s, other, 0, 0, 0, 0, 0), 0x42);
+    EXPECT_EQ(PortReadInput(t.s, 0, other, 0, 0, 0, 0), 0);
+    EXPECT_EQ(PortReadInput(t.s, 0, kBase, 0, 0, 0, 0), 0);  // a base is no input address
+    EXPECT_EQ(PortClearBit(t.s, other, 0, 0, 0, 0, 1), 0);
+    EXPECT_EQ(t.frm().EmulatedOtherPort, 0x40);
+
+    t.frm().EmulatedPort[0] = 0x11;
+    EXPECT_EQ(PortReadInput(t.s, 0, kInput, 0, 0, 0, 0), 0x11);
+    EXPECT_THAT(t.ports.log, IsEmpty());
+}
+
+TEST(PortAccess, EmulationBaseOfAnUndrivenBoardIsASubscriptError) {
+    TestSystem t;
+    t.mod().RunNoBoards = True;
+    t.mod().Board[2].BaseAddress = 0x310;
+    t.mod().Board[2].InputAddress = 0x311;
+    auto expectSubscript = [](auto&& call) {
+        try {
+            call();
+            ADD_FAILURE() << "no error";
+        } catch (const FatalError& e) {
+            EXPECT_EQ(e.Number(), ErrSubscript);
+            EXPECT_STREQ(e.what(), "Subscript out of range");
+        }
+    };
+    expectSubscript([&] { PortSetBit(t.s, 0x310, 0, 0, 0, 0, 0); });
+    expectSubscript([&] { PortClearBit(t.s, 0x310, 0, 0, 0, 0, 0); });
+    expectSubscript([&] { PortReadOutput(t.s, 0x310, 0, 0, 0, 0, 0); });
+    // The input read knows no such rule.
+    EXPECT_EQ(PortReadInput(t.s, 0, 0x311, 0, 0, 0, 0), 0);
+
+    // Board 0 is compared first: a base shared with it is board 0's.
+    t.mod().Board[1].BaseAddress = kBase;
+    SetRelayOn(t.s, 0, 0);
+    EXPECT_EQ(t.frm().EmulatedPort[0], 1);
+}
+
+TEST(PortAccess, APortResultOutsideAByteIsAFatalOverflow) {
+    for (int16_t bad : {int16_t{256}, int16_t{-1}, int16_t{0x7FFF}}) {
+        TestSystem t;
+        t.ports.bytes[kBase] = bad;
+        t.ports.bytes[kInput] = bad;
+        for (auto call :
+             {+[](System& s) { SetRelayOn(s, 0, 0); }, +[](System& s) { SetRelayOff(s, 0, 0); },
+              +[](System& s) { ReadRelayPorts(s); }, +[](System& s) { ReadInputPorts(s); }}) {
+            try {
+                call(t.s);
+                ADD_FAILURE() << "no overflow for " << bad;
+            } catch (const FatalError& e) {
+                EXPECT_EQ(e.Number(), ErrOverflow);
+            }
+        }
+        // Nothing was written after the bad read.
+        EXPECT_THAT(t.ports.Writes(), IsEmpty());
+    }
+}
+
+// An Out8255 whose result does not fit a byte ends the program too.
+class WideResultPorts : public SimulatedPorts {
+  public:
+    int16_t Out8255(int16_t port, int16_t value) override {
+        SimulatedPorts::Out8255(port, value);
+        return 300;
+    }
+};
+
+TEST(PortAccess, AnOutputResultOutsideAByteIsAFatalOverflow) {
+    TestSystem t;
+    WideResultPorts wide;
+    t.s.platform.ports = &wide;
+    EXPECT_THROW(SetRelayOn(t.s, 0, 0), FatalError);
+    EXPECT_EQ(wide.bytes[kBase], 1);  // the write went out before the check
+}
+
+TEST(WaitStepDelay, WaitsOnlyAtTwoThousand) {
+    TestSystem t;
+    for (int16_t d : {int16_t{0}, int16_t{1000}, int16_t{2000}}) {
+        t.mod().StepDelay = d;
+        WaitStepDelay(t.s);
+        EXPECT_EQ(t.mod().StepDelay, d);
+    }
+    EXPECT_THAT(t.ports.log, IsEmpty());
+}
+
+TEST(RelayConversionError, TextButtonAndTitle) {
+    TestSystem t;
+    ShowRelayConversionError(t.s, 3, 16);
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_EQ(t.messages.shown[0].Prompt, "Relay Conversion Error, RelayIN:3 Result:16");
+    EXPECT_EQ(t.messages.shown[0].ButtonSet, Buttons::OK);
+    EXPECT_EQ(t.messages.shown[0].Title, "Conversion Error");
+}
+
+}  // namespace
+}  // namespace vantrellion
