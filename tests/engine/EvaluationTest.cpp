@@ -4,6 +4,7 @@
 // relays so that three simulated days cover them all. The edge cases run CheckTimePairs alone.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
