@@ -1,0 +1,67 @@
+// Delimited input of Run Files. The reader takes fields, not lines, and is looser than the
+// writer:
+// - a text field drops its leading blanks; if it then starts with a double quote its value is
+//   what stands up to the next double quote (line ends included), and the rest up to the next
+//   comma or line end is dropped; otherwise the value ends at the first comma or line end;
+// - a number field skips blanks and ends at a blank, a comma or a line end; blanks after it
+//   and one comma or line end are consumed as its delimiter;
+// - a line ends with CR LF, LF or CR;
+// - starting a field at the end of the file is an error.
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace vantrellion {
+
+// A field that could not be read. what() is the description shown to the user.
+class FieldReadError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// The descriptions of the reader's own errors.
+inline constexpr const char* ErrTextPastEnd = "Input past end of file";
+inline constexpr const char* ErrTextTypeMismatch = "Type mismatch";
+inline constexpr const char* ErrTextOverflow = "Overflow";
+inline constexpr const char* ErrTextFieldTooLong = "Out of string space";
+
+class FieldReader {
+  public:
+    // Reads from an open descriptor, which the caller keeps and closes.
+    explicit FieldReader(int fd);
+    // Reads the given bytes.
+    explicit FieldReader(std::string bytes);
+
+    // True when no byte is left.
+    bool AtEnd();
+    // The next text field, bytes as they stand in the file.
+    std::string ReadText();
+    // The next number field as a 16-bit integer. An empty field reads as 0; a fraction is
+    // rounded to the nearest whole, ties to even. Anything else that is not a decimal number
+    // is a type mismatch, and a number outside 16 bits an overflow.
+    int16_t ReadNumber();
+
+    // A single field longer than this is refused rather than grown without bound.
+    static constexpr size_t MaxFieldLength = 1 << 20;
+
+  private:
+    int Peek();  // the next byte (0 to 255), or -1 at the end
+    void Skip() { ++pos_; }
+    void SkipBlanks();
+    // Consumes a comma, or a line end of CR LF, LF or CR, if one is next.
+    void EndField();
+    void BeginField();
+    static void Append(std::string& value, int c);
+
+    int fd_ = -1;
+    std::string buf_;
+    size_t pos_ = 0;
+    bool eof_ = false;
+};
+
+// The conversion of a number field's token, exposed for tests.
+int16_t NumberFieldValue(const std::string& token);
+
+}  // namespace vantrellion

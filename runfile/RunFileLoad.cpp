@@ -1,0 +1,191 @@
+#include "runfile/RunFileLoad.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "engine/CheckTimePairs.h"
+#include "runfile/RunFileFields.h"
+
+namespace vantrellion {
+
+namespace {
+
+// The file's own bounds and whether its relay blocks carry Count and HardStop.
+struct FileLayout {
+    int lastBoard = LastBoard;
+    int lastRelay = LastRelay;
+    int lastPair = LastTimePair;
+    bool countAndHardStop = true;
+};
+
+// Opens the file for reading. Only regular files are taken: a directory, a pipe or a device
+// would never end or never begin. On failure returns -1 with the description in error.
+int OpenForInput(const std::string& fullName, std::string& error) {
+    const int fd = ::open(fullName.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (fd < 0) {
+        error = std::strerror(errno);
+        return -1;
+    }
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        error = S_ISDIR(st.st_mode) ? std::strerror(EISDIR) : "Not a regular file";
+        ::close(fd);
+        return -1;
+    }
+    // Reads of a regular file never block; clear the flag all the same.
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    return fd;
+}
+
+// The part of the version line before the first "|", and the part after it up to the next.
+struct VersionPieces {
+    std::string version;
+    bool hasSuffix = false;
+    std::string suffix;
+};
+
+VersionPieces SplitVersionLine(const std::string& line) {
+    VersionPieces v;
+    const size_t bar = line.find('|');
+    v.version = line.substr(0, bar);
+    if (bar != std::string::npos) {
+        v.hasSuffix = true;
+        const size_t next = line.find('|', bar + 1);
+        v.suffix = line.substr(bar + 1, next == std::string::npos ? next : next - bar - 1);
+    }
+    return v;
+}
+
+// The single digit at position pos (counted from 1) of the suffix.
+int SuffixDigit(const std::string& suffix, size_t pos) {
+    if (suffix.size() < pos || suffix[pos - 1] < '0' || suffix[pos - 1] > '9') {
+        throw FieldReadError(ErrTextTypeMismatch);
+    }
+    return suffix[pos - 1] - '0';
+}
+
+// The bounds that a current file states in its suffix ".b0.r7.t5": the characters at positions
+// 3, 6 and 9, each clamped to this build's own bound.
+void ReadSuffixBounds(const VersionPieces& v, FileLayout& layout) {
+    if (!v.hasSuffix) throw FieldReadError("Subscript out of range");
+    layout.lastBoard = std::min<int>(SuffixDigit(v.suffix, 3), LastBoard);
+    layout.lastRelay = std::min<int>(SuffixDigit(v.suffix, 6), LastRelay);
+    layout.lastPair = std::min<int>(SuffixDigit(v.suffix, 9), LastTimePair);
+}
+
+// A flag of the file: 0 is false, 1 is true (-1 in memory), any other number leaves the
+// member as it was.
+void ApplyFileFlag(Flag& member, int16_t value) {
+    if (value == 0) {
+        member = False;
+    } else if (value == 1) {
+        member = True;
+    }
+}
+
+void ReadRelayBlock(System& s, FieldReader& in, const FileLayout& layout, int i,
+                    bool& inTimeArray) {
+    RelayRecord& rec = s.frmRelay.Relay[i];
+    rec.DisplayName = in.ReadText();
+    rec.DaysOfWeek = in.ReadText();
+    rec.DayHrEvenOdd = ConvertOldEvenOddCode(in.ReadText());
+    ApplyFileFlag(rec.Manual, in.ReadNumber());
+    ApplyFileFlag(rec.Invert, in.ReadNumber());
+    ApplyFileFlag(rec.CounterOn, in.ReadNumber());
+    if (layout.countAndHardStop) {
+        rec.Count = in.ReadNumber();
+        ApplyFileFlag(rec.HardStop, in.ReadNumber());
+    }
+    rec.IconFile = in.ReadText();
+    // A cyclic code has no inverted form, whatever the file says.
+    if (IsNumericCode(rec.DayHrEvenOdd)) rec.Invert = False;
+
+    // From the first time line on, a read error is reported in the time array's words, for
+    // the rest of the file.
+    inTimeArray = true;
+    for (int p = 0; p <= layout.lastPair; ++p) {
+        const int k = PairIndex(i, p);
+        s.frmRelay.StartTime[k] = in.ReadText();
+        s.frmRelay.EndTime[k] = in.ReadText();
+    }
+}
+
+void ShowReadError(System& s, const std::string& description, bool inTimeArray) {
+    s.Message({description, Buttons::OK, Icon::Exclamation, 1,
+               inTimeArray ? "Load Time Array Error" : "Error Reading Run File"});
+}
+
+// Reads what follows the version line. Returns a result code; read errors throw.
+int ReadAfterVersion(System& s, FieldReader& in, bool& inTimeArray) {
+    const VersionPieces v = SplitVersionLine(s.modRelay.FileVersion);
+    FileLayout layout;
+    if (v.version == "FV20000424") {
+        // No logging line, and no Count or HardStop in the blocks.
+        layout.countAndHardStop = false;
+    } else if (v.version == "FV.2001.02.29" || v.version == "FV.2001.04.15") {
+        // Fixed bounds; whatever suffix the line has is ignored.
+        ApplyFileFlag(s.modRelay.LoggingOnOff, in.ReadNumber());
+    } else if (v.version == "FV.2001.05.01") {
+        ReadSuffixBounds(v, layout);
+        ApplyFileFlag(s.modRelay.LoggingOnOff, in.ReadNumber());
+    } else if (v.version == "FV.9999.99.99") {
+        s.Message({"Attempting to Load a file Version that does not exist yet", Buttons::OK,
+                   Icon::Information, 1, "Select a Current File"});
+        return RunFileFutureVersion;
+    } else {
+        s.Message({"File Load Version Error", Buttons::OK, Icon::Exclamation, 1,
+                   "Select a Current File"});
+        return RunFileUnknownVersion;
+    }
+
+    // The record and pair strides are this build's, whatever bounds the file states; the
+    // extra lines of a file with larger bounds are not skipped.
+    for (int b = 0; b <= layout.lastBoard; ++b) {
+        if (in.AtEnd()) continue;
+        for (int r = 0; r <= layout.lastRelay; ++r) {
+            ReadRelayBlock(s, in, layout, RecordIndex(b, r), inTimeArray);
+        }
+    }
+    return RunFileLoaded;
+}
+
+}  // namespace
+
+std::string ConvertOldEvenOddCode(const std::string& code) {
+    if (code == "CO") return "TH";
+    if (code == "MO" || code == "MM") return "MH";
+    if (code == "FO") return "BH";
+    return code;
+}
+
+int LoadRunFile(System& s, const std::string& Path, const std::string& FileName,
+                bool ShowOpenError) {
+    std::string openError;
+    const int fd = OpenForInput(Path + FileName, openError);
+    if (fd < 0) {
+        if (ShowOpenError) {
+            s.Message({openError, Buttons::OK, Icon::Exclamation, 1, "Open Run File Error"});
+        }
+        return RunFileOpenFailed;
+    }
+
+    FieldReader in(fd);
+    bool inTimeArray = false;
+    int result;
+    try {
+        s.modRelay.FileVersion = in.ReadText();
+        result = ReadAfterVersion(s, in, inTimeArray);
+    } catch (const FieldReadError& e) {
+        ShowReadError(s, e.what(), inTimeArray);
+        result = inTimeArray ? RunFileTimeArrayError : RunFileHeaderError;
+    }
+    ::close(fd);
+    return result;
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include "logging/LogFileName.h"
+#include "support/Fakes.h"
+
+namespace vantrellion {
+namespace {
+
+// A clock whose short date is any text, as regional settings might make it.
+class TextDateClock : public test::FakeClock {
+  public:
+    std::string shortDate = "11/14/2026";
+    std::string ShortDate() override { return shortDate; }
+};
+
+class CountingStore : public ConfigurationStore {
+  public:
+    explicit CountingStore(System& s) : s(s) {}
+    void ConfigurationLogFileNameSave() override { saved.push_back(s.modRelay.LogFileName); }
+    void ConfigurationDataFileNameSave() override {}
+    void ConfigurationDataFilePathSave() override {}
+    void ConfigurationFlagLoggingSave() override {}
+    void ConfigurationFlagRunNoBoardsSave() override {}
+    System& s;
+    std::vector<std::string> saved;
+};
+
+TEST(LogFileName, ComesFromFixedPositionsOfTheShortDate) {
+    struct {
+        const char* date;
+        const char* name;
+    } cases[] = {
+        {"11/14/2026", "Vantrellion_2026_11_14.Log"},
+        {"01/02/2027", "Vantrellion_2027_01_02.Log"},
+        {"14.11.2026", "Vantrellion_2026_14.11.Log"},  // no "/" to replace
+        {"11/14/26", "Vantrellion_26_11_14.Log"},
+        {"1/2/2026", "Vantrellion_26_1_2_2.Log"},  // one-digit month and day shift the cut
+        {"2026-11-14", "Vantrellion_1-14_2026-.Log"},
+        {"11/14", "Vantrellion__11_14.Log"},
+        {"", "Vantrellion__.Log"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(LogFileNameForDate(c.date), c.name) << c.date;
+}
+
+TEST(LogFileName, StoresAChangedNameOnceAndJoinsThePathAsItStands) {
+    test::TestSystem ts;
+    TextDateClock clock;
+    CountingStore store(ts.s);
+    ts.s.platform.clock = &clock;
+    ts.s.platform.configuration = &store;
+    ts.s.modRelay.LogFilePath = "/var/log/farm/";
+    ts.s.modRelay.LogFileName = "VantrellionLog.Log";
+
+    EXPECT_EQ(MakeLogFileName(ts.s), "/var/log/farm/Vantrellion_2026_11_14.Log");
+    EXPECT_EQ(ts.s.modRelay.LogFileName, "Vantrellion_2026_11_14.Log");
+    EXPECT_EQ(store.saved, std::vector<std::string>{"Vantrellion_2026_11_14.Log"});
+
+    // The same day again: nothing to store.
+    MakeLogFileName(ts.s);
+    EXPECT_EQ(store.saved.size(), 1u);
+
+    // Past midnight the name changes at the first use.
+    clock.shortDate = "11/15/2026";
+    EXPECT_EQ(MakeLogFileName(ts.s), "/var/log/farm/Vantrellion_2026_11_15.Log");
+    EXPECT_EQ(store.saved.size(), 2u);
+
+    // A path without its closing separator is used as it stands.
+    ts.s.modRelay.LogFilePath = "/var/log/farm";
+    EXPECT_EQ(MakeLogFileName(ts.s), "/var/log/farmVantrellion_2026_11_15.Log");
+}
+
+TEST(LogFileName, WorksWithoutAConfigurationStore) {
+    test::TestSystem ts;
+    ts.s.modRelay.LogFilePath = "/tmp/";
+    EXPECT_EQ(MakeLogFileName(ts.s), "/tmp/Vantrellion_2026_11_16.Log");
+    EXPECT_EQ(ts.s.modRelay.LogFileName, "Vantrellion_2026_11_16.Log");
+}
+
+}  // namespace
+}  // namespace vantrellion

@@ -1,0 +1,249 @@
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <cstring>
+
+#include "runfile/RunFileLoad.h"
+#include "runfile/RunFileSave.h"
+#include "runfile/RunFileTestSupport.h"
+#include "support/ChildProcess.h"
+
+namespace vantrellion {
+namespace {
+
+using test::RunFileTest;
+using test::SplitCrLf;
+
+// Relay 0 as in the worked example of the format: Pump, Monday, Wednesday and Friday from
+// 08:00 to 15:00, counting, 12 so far, no even/odd code and no icon of its own.
+void SetUpPump(System& s) {
+    s.modRelay.LoggingOnOff = True;
+    RelayRecord& pump = s.frmRelay.Relay[0];
+    pump.DisplayName = "Pump";
+    pump.DaysOfWeek = "246";
+    pump.DayHrEvenOdd = "";
+    pump.CounterOn = True;
+    pump.Count = 12;
+    s.frmRelay.StartTime[0] = "08:00";
+    s.frmRelay.EndTime[0] = "15:00";
+}
+
+TEST_F(RunFileTest, SavesTheCurrentLayoutLineByLine) {
+    SetUpPump(s);
+    s.modRelay.FileVersion = "left over";
+    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "pump.run"));
+
+    const std::string bytes = dir.Read("pump.run");
+    ASSERT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
+    const auto lines = SplitCrLf(bytes);
+    ASSERT_EQ(lines.size(), 170u);
+    for (const auto& l : lines)
+        EXPECT_EQ(l.find_first_of("\r\n"), std::string::npos) << l;
+
+    const std::vector<std::string> head = {"FV.2001.05.01|.b0.r7.t5",
+                                           " 1 ",
+                                           "Pump",
+                                           "246",
+                                           "",
+                                           " 0 ",
+                                           " 0 ",
+                                           " 1 ",
+                                           " 12 ",
+                                           " 0 ",
+                                           "",
+                                           "08:00",
+                                           "15:00"};
+    for (size_t n = 0; n < head.size(); ++n)
+        EXPECT_EQ(lines[n], head[n]) << "line " << n + 1;
+    for (size_t n = 13; n < 23; ++n)
+        EXPECT_EQ(lines[n], "") << "line " << n + 1;
+    EXPECT_EQ(lines[23], "Relay 2");
+    EXPECT_EQ(lines[23 + 21], "Relay 3");
+    EXPECT_EQ(lines[2 + 7 * 21], "Relay 8");
+    EXPECT_EQ(s.modRelay.FileVersion, "FV.2001.05.01|.b0.r7.t5");
+}
+
+TEST_F(RunFileTest, WritesNumbersInPrintFormAndOnlyMinusOneAsTrue) {
+    struct {
+        Flag manual;
+        int16_t count;
+        const char* manualLine;
+        const char* countLine;
+    } cases[] = {
+        {True, 0, " 1 ", " 0 "},         {1, -5, " 0 ", "-5 "},
+        {2, 32000, " 0 ", " 32000 "},    {False, -32768, " 0 ", "-32768 "},
+        {True, 32767, " 1 ", " 32767 "},
+    };
+    for (const auto& c : cases) {
+        f.Relay[2].Manual = c.manual;
+        f.Relay[2].Count = c.count;
+        ASSERT_TRUE(SaveRunFile(s, dir.Path(), "n.run"));
+        const auto lines = SplitCrLf(dir.Read("n.run"));
+        ASSERT_EQ(lines.size(), 170u);
+        const size_t block = 2 + 2 * 21;
+        EXPECT_EQ(lines[block + 3], c.manualLine) << c.manual;
+        EXPECT_EQ(lines[block + 6], c.countLine) << c.count;
+    }
+}
+
+TEST_F(RunFileTest, ASavedScheduleLoadsBackByteForByte) {
+    s.modRelay.LoggingOnOff = True;
+    for (int i = 0; i <= LastRelay; ++i) {
+        RelayRecord& r = f.Relay[i];
+        r.DisplayName =
+            "Ventil S\xFC"
+            "d " +
+            std::to_string(i);
+        r.DaysOfWeek = i % 2 ? "All Days" : "1357";
+        r.DayHrEvenOdd = std::vector<std::string>{"EO", "EH", "TH", "3H", "15", "WE", "", "BH"}[i];
+        r.Manual = ToFlag(i % 2);
+        r.Invert = ToFlag(i % 3 == 1);
+        r.CounterOn = ToFlag(i % 4 == 0);
+        r.HardStop = ToFlag(i == 5);
+        r.Count = static_cast<int16_t>(i * 1000 - 3000);
+        r.IconFile = i == 3 ? "/home/ann/icons/pump.ico" : "";
+        for (int p = 0; p <= LastTimePair; ++p) {
+            ts.SetPair(i, p, std::to_string(p + 8) + ":0" + std::to_string(i),
+                       p == 4 ? "9:30 pm" : std::to_string(p + 9) + ":00:00");
+        }
+    }
+    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "all.run"));
+
+    test::TestSystem other;
+    ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "all.run", true), RunFileLoaded);
+    test::ExpectSameSchedule(s, other.s);
+    EXPECT_TRUE(other.messages.shown.empty());
+}
+
+TEST_F(RunFileTest, EndsWithTheTimerAsAllowedAndClearsAutoRestarted) {
+    for (bool allowed : {true, false}) {
+        for (bool succeeds : {true, false}) {
+            test::TestSystem t;
+            t.s.frmRelay.CheckTimeAllowed = ToFlag(allowed);
+            t.s.frmRelay.AutoRestarted = True;
+            t.timer.enabled = !allowed;
+            const std::string path = succeeds ? dir.Path() : dir.Path() + "missing/";
+            EXPECT_EQ(SaveRunFile(t.s, path, "t.run"), succeeds);
+            EXPECT_EQ(t.timer.enabled, allowed) << allowed << succeeds;
+            EXPECT_GE(t.timer.changes, 2);
+            EXPECT_EQ(t.s.frmRelay.AutoRestarted, False);
+        }
+    }
+}
+
+// Message boxes that note whether the timer was running while they were up.
+class TimerWatchingMessages : public MessageBoxes {
+  public:
+    explicit TimerWatchingMessages(CheckTimer& t) : timer(t) {}
+    Answer Show(const MessageBoxRequest& r) override {
+        shown.push_back(r);
+        timerOnDuringBox = timerOnDuringBox || timer.IsEnabled();
+        return Answer::OK;
+    }
+    CheckTimer& timer;
+    std::vector<MessageBoxRequest> shown;
+    bool timerOnDuringBox = false;
+};
+
+TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
+    dir.Write("plain", "x");
+    struct {
+        std::string path, name, title;
+        int error;
+    } cases[] = {
+        {dir.Path() + "missing/", "a.run", "Open File Error", ENOENT},
+        {dir.Path() + "plain/", "a.run", "Open File Error", ENOTDIR},
+        {dir.Path(), "", "Open File Error", EISDIR},
+        // A full disk: the device takes the open and refuses every write.
+        {"/dev/", "full", "Error Writing Data File", ENOSPC},
+    };
+    SetUpPump(s);
+    f.CheckTimeAllowed = True;
+    const System before = s;
+    for (const auto& c : cases) {
+        TimerWatchingMessages boxes(ts.timer);
+        s.platform.messages = &boxes;
+        EXPECT_FALSE(SaveRunFile(s, c.path, c.name)) << c.path << c.name;
+        ASSERT_EQ(boxes.shown.size(), 1u) << c.path << c.name;
+        EXPECT_EQ(boxes.shown[0].Title, c.title);
+        EXPECT_EQ(boxes.shown[0].Prompt, std::strerror(c.error));
+        EXPECT_EQ(boxes.shown[0].BoxIcon, Icon::Exclamation);
+        EXPECT_EQ(boxes.shown[0].ButtonSet, Buttons::OK);
+        EXPECT_FALSE(boxes.timerOnDuringBox);
+        EXPECT_TRUE(ts.timer.enabled);
+        test::ExpectSameSchedule(s, before);
+    }
+}
+
+// A file size limit makes the write stop at a chosen byte, so that both wordings of a write
+// error can be seen: the header's up to the first time line, the time array's from it on.
+TEST_F(RunFileTest, AWriteErrorIsWordedByWhereItHappens) {
+    SetUpPump(s);
+    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "full.run"));
+    const auto lines = SplitCrLf(dir.Read("full.run"));
+    auto offsetOfLine = [&](size_t n) {  // n counted from 1
+        size_t offset = 0;
+        for (size_t l = 0; l + 1 < n; ++l)
+            offset += lines[l].size() + 2;
+        return offset;
+    };
+    const size_t firstTimeLine = offsetOfLine(12);
+    struct {
+        size_t limit;
+        const char* title;
+    } cases[] = {
+        {5, "Error Writing Data File"},
+        {firstTimeLine - 1, "Error Writing Data File"},
+        {firstTimeLine, "Error Writing Time Array"},
+        {offsetOfLine(2 + 3 * 21 + 1) + 2, "Error Writing Time Array"},  // relay 4's name
+    };
+    for (const auto& c : cases) {
+        const int code = test::RunInChild([&] {
+            test::TestSystem t;
+            SetUpPump(t.s);
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit lim{c.limit, c.limit};
+            if (setrlimit(RLIMIT_FSIZE, &lim) != 0) return 10;
+            if (SaveRunFile(t.s, dir.Path(), "cut.run")) return 11;
+            if (t.messages.shown.size() != 1) return 12;
+            if (t.messages.shown[0].Title != c.title) return 13;
+            if (t.messages.shown[0].Prompt != std::strerror(EFBIG)) return 14;
+            return 0;
+        });
+        EXPECT_EQ(code, 0) << "limit " << c.limit;
+        // What got out stays behind: a partial file, nothing written elsewhere first.
+        EXPECT_EQ(dir.Read("cut.run"), dir.Read("full.run").substr(0, c.limit));
+    }
+}
+
+TEST_F(RunFileTest, AReadOnlyFileOrDirectoryRefusesTheSaveAndKeepsItsContents) {
+    ASSERT_EQ(::chmod(dir.Path().c_str(), 0755), 0);
+    dir.Write("ro.run", "FV20000424\r\n");
+    ASSERT_EQ(::chmod(dir.File("ro.run").c_str(), 0444), 0);
+    const int code = test::RunUnprivileged([&] {
+        test::TestSystem t;
+        SetUpPump(t.s);
+        const System before = t.s;
+        int failures = 0;
+        for (const char* name : {"ro.run", "new.run"}) {
+            t.messages.shown.clear();
+            if (SaveRunFile(t.s, dir.Path(), name)) ++failures;
+            if (t.messages.shown.size() != 1 || t.messages.shown[0].Title != "Open File Error" ||
+                t.messages.shown[0].Prompt != std::strerror(EACCES)) {
+                ++failures;
+            }
+        }
+        if (t.s.frmRelay.Relay[0].DisplayName != before.frmRelay.Relay[0].DisplayName ||
+            t.s.frmRelay.StartTime != before.frmRelay.StartTime) {
+            ++failures;
+        }
+        return failures;
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(dir.Read("ro.run"), "FV20000424\r\n");
+    EXPECT_FALSE(dir.Exists("new.run"));
+}
+
+}  // namespace
+}  // namespace vantrellion
