@@ -42,11 +42,15 @@ int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string&
     box.DefaultButton = 2;
     switch (s.Message(box)) {
         case Answer::Yes:
-            if (!FileName.empty()) SaveRunFile(s, Path, FileName);
-            else ShowFileSaveDialog(s);
+            if (!FileName.empty())
+                SaveRunFile(s, Path, FileName);
+            else
+                ShowFileSaveDialog(s);
             return 0;
-        case Answer::Cancel: return 2;
-        default: return 0;
+        case Answer::Cancel:
+            return 2;
+        default:
+            return 0;
     }
 }
 
@@ -108,7 +112,8 @@ void mnuFileOpen(System& s) {
         WriteEventLog(s, "Open", EventFileText(s));
         f.FileChanged = False;
         RemoveTheRestartFile(s);
-        for (int i = 0; i <= LastRelay; ++i) f.Relay[i].Count = 0;
+        for (int i = 0; i <= LastRelay; ++i)
+            f.Relay[i].Count = 0;
         SaveRestartFile(s);
     }
     FillRowsFromRecords(s);
@@ -131,7 +136,9 @@ void mnuFileSave(System& s) {
     WriteEventLog(s, "Save", EventFileText(s));
 }
 
-void mnuFileSaveAs(System& s) { ShowFileSaveDialog(s); }
+void mnuFileSaveAs(System& s) {
+    ShowFileSaveDialog(s);
+}
 
 void ShowFileSaveDialog(System& s) {
     ModRelay& m = s.modRelay;

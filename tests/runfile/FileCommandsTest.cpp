@@ -1,9 +1,9 @@
 // New, Open, Save and Save As, with the dialogs answered from a script.
 #include <gtest/gtest.h>
 
+#include "runfile/CrashRestart.h"
 #include "runfile/FileCommands.h"
 #include "runfile/RunFileSave.h"
-#include "runfile/CrashRestart.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
 
@@ -11,7 +11,7 @@ namespace vantrellion::test {
 namespace {
 
 class FileCommandsTest : public ::testing::Test {
-protected:
+  protected:
     TestSystem t;
     TempDir dir;
     void SetUp() override {
@@ -24,7 +24,8 @@ protected:
         std::string out = "FV20000424\r\n";
         for (int i = 0; i < 8; ++i) {
             out += "Old " + std::to_string(i) + "\r\nAll Days\r\nEO\r\n 0 \r\n 0 \r\n 0 \r\n\r\n";
-            for (int p = 0; p < 6; ++p) out += p == 0 ? "08:00\r\n09:00\r\n" : "\r\n\r\n";
+            for (int p = 0; p < 6; ++p)
+                out += p == 0 ? "08:00\r\n09:00\r\n" : "\r\n\r\n";
         }
         return out;
     }
@@ -95,7 +96,8 @@ TEST_F(FileCommandsTest, OpenOfDamagedFileGivesANewSchedule) {
     t.dialogs.answers = {dir.File("bad.run")};
     mnuFileOpen(t.s);
     ASSERT_FALSE(t.messages.shown.empty());
-    EXPECT_EQ(t.messages.shown.back().Prompt, "New, error encountered loading selected Run-Schedule");
+    EXPECT_EQ(t.messages.shown.back().Prompt,
+              "New, error encountered loading selected Run-Schedule");
     EXPECT_EQ(t.messages.shown.back().Title, "Vantrellion");
     EXPECT_EQ(t.frm().StartTime[PairIndex(2, 0)], "");
     EXPECT_EQ(t.mod().DataFileName, "");
