@@ -102,8 +102,8 @@ std::string OtherErrorText(const std::string& path, int error) {
     return "The boards cannot be reached: the port library\n  " + path +
            "\nreported an error: " + ErrorText(error) + " (error " + std::to_string(error) +
            ").\n\nCheck that the board is in place and that the port library suits this "
-           "machine.\n\n" +
-           std::string(kGoesOn);
+           "machine. A port that cannot be reached reads 0, and writes to it are dropped. To "
+           "work without a board, switch the program to running without boards (emulation).";
 }
 
 }  // namespace
