@@ -1,0 +1,27 @@
+#include "configuration/ConfigurationStoreAdapter.h"
+
+#include "configuration/clsConfiguration.h"
+
+namespace vantrellion {
+
+void ConfigurationStoreAdapter::ConfigurationLogFileNameSave() {
+    vantrellion::ConfigurationLogFileNameSave(s_);
+}
+
+void ConfigurationStoreAdapter::ConfigurationDataFileNameSave() {
+    vantrellion::ConfigurationDataFileNameSave(s_);
+}
+
+void ConfigurationStoreAdapter::ConfigurationDataFilePathSave() {
+    vantrellion::ConfigurationDataFilePathSave(s_);
+}
+
+void ConfigurationStoreAdapter::ConfigurationFlagLoggingSave() {
+    vantrellion::ConfigurationFlagLoggingSave(s_, s_.modRelay.LoggingOnOff);
+}
+
+void ConfigurationStoreAdapter::ConfigurationFlagRunNoBoardsSave() {
+    vantrellion::ConfigurationFlagRunNoBoardsSave(s_, s_.modRelay.RunNoBoards);
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,113 @@
+// The key/value store of the configuration: one SQLite database file, store.db in the machine
+// directory, holding hierarchical keys under numeric roots and typed values under the keys.
+//
+// Key paths are normalised (leading and trailing "\" dropped) and compared without regard to
+// case; creating a key creates its missing parents; a missing key and a missing value stay
+// distinct. Every write is one transaction (BEGIN IMMEDIATE) in WAL mode with synchronous=FULL,
+// and a busy timeout lets two running programs take turns instead of failing at once.
+//
+// The file is opened at the first use. Problems of the file itself are noted for the user once
+// each, naming the file, the cause and the cure (TakeNotices):
+// - damaged (not a database, or the quick check fails), or impossible to open or create: the
+//   file is left exactly as it is, and the program goes on with an empty store held in memory
+//   for the rest of the run;
+// - read-only: reads go on, writes are refused;
+// - locked by another program beyond the busy timeout, disk full, input/output error: the one
+//   operation fails. After a lock has made one operation wait its full timeout, the next ones
+//   wait only briefly until one succeeds, so that a save of many values cannot hang.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+
+namespace vantrellion {
+
+using RegRoot = uint32_t;
+
+// Stored types: a text, or a 32-bit number.
+inline constexpr int32_t RegTypeText = 1;
+inline constexpr int32_t RegTypeNumber = 4;
+
+inline constexpr int DefaultBusyTimeoutMs = 5000;
+
+enum class StoreStatus {
+    Ok,
+    KeyNotFound,
+    ValueNotFound,
+    Refused,  // the store will not do it: a key with subkeys, or a root key, cannot be deleted
+    Failed,   // the database could not do it (locked, read-only, disk full, damaged)
+};
+
+// A value as stored: its type, and its data, a text or an integer when it holds one.
+struct StoredValue {
+    int32_t Type = 0;
+    enum class Data { None, Text, Integer } Kind = Data::None;
+    std::string Text;
+    int64_t Integer = 0;
+};
+
+class KeyValueStore {
+  public:
+    // filePath is store.db with its directory, which is created at the first use when missing.
+    explicit KeyValueStore(std::string filePath, int busyTimeoutMs = DefaultBusyTimeoutMs);
+    ~KeyValueStore();
+    KeyValueStore(const KeyValueStore&) = delete;
+    KeyValueStore& operator=(const KeyValueStore&) = delete;
+
+    const std::string& FilePath() const { return filePath_; }
+
+    // "\SOFTWARE\Vantrellion\Config\" and "SOFTWARE\\Vantrellion\Config" both give
+    // "SOFTWARE\Vantrellion\Config".
+    static std::string NormaliseKeyPath(const std::string& keyPath);
+
+    StoreStatus KeyExists(RegRoot root, const std::string& keyPath);
+    // Creates the key and its missing parents; Ok when it exists already.
+    StoreStatus CreateKey(RegRoot root, const std::string& keyPath);
+    StoreStatus QueryValue(RegRoot root, const std::string& keyPath, const std::string& name,
+                           StoredValue& out);
+    // Stores the value, creating its key (and parents) if needed.
+    StoreStatus SetValue(RegRoot root, const std::string& keyPath, const std::string& name,
+                         const StoredValue& value);
+    StoreStatus DeleteValue(RegRoot root, const std::string& keyPath, const std::string& name);
+    // Deletes a key with its values. A key that still has subkeys is refused.
+    StoreStatus DeleteKey(RegRoot root, const std::string& keyPath);
+    // The names of the values of a key, in the order of their names.
+    StoreStatus ValueNames(RegRoot root, const std::string& keyPath,
+                           std::vector<std::string>& names);
+
+    // True once the file has been given up for the run and an empty store in memory serves.
+    bool InMemory() const { return inMemory_; }
+
+    // The notices that are due for the user, each told once; the list is emptied.
+    std::vector<std::string> TakeNotices();
+
+  private:
+    enum class Problem { Damaged, CannotOpen, ReadOnly, Locked, DiskFull, IoError, Count };
+
+    bool EnsureOpen();
+    bool OpenFile();
+    void OpenInMemory();
+    bool PrepareSchema();
+    void Close();
+    void Note(Problem p, const std::string& detail = "");
+    void NoteFailure(int rc);
+    void NoteSuccess();
+    template <typename Body>
+    StoreStatus Write(Body body);
+    int64_t FindKey(RegRoot root, const std::string& path, int& rc);
+    int64_t InsertKeyWithParents(RegRoot root, const std::string& path, int& rc);
+
+    std::string filePath_;
+    int busyTimeoutMs_;
+    sqlite3* db_ = nullptr;
+    bool inMemory_ = false;
+    bool readOnly_ = false;
+    bool waitingOnLock_ = false;  // a lock made the last operation time out
+    bool told_[static_cast<int>(Problem::Count)] = {};
+    std::vector<std::string> notices_;
+};
+
+}  // namespace vantrellion

@@ -1,0 +1,183 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <functional>
+
+#include "configuration/modRegAPI.h"
+#include "core/FatalError.h"
+#include "support/Fakes.h"
+#include "support/TempStore.h"
+
+namespace vantrellion {
+namespace {
+
+using test::TempStore;
+using test::TestSystem;
+
+constexpr const char* kKey = "SOFTWARE\\Vantrellion\\Config";
+constexpr const char* kKeyWrite = "\\SOFTWARE\\Vantrellion\\Config\\";
+
+class RegApi : public ::testing::Test {
+  protected:
+    TestSystem t;
+    TempStore temp{t.s};
+    System& s = t.s;
+    std::vector<std::string> Prompts() const { return t.messages.Prompts(); }
+    void ExpectLayerBoxes() const {
+        for (const auto& box : t.messages.shown) {
+            EXPECT_EQ(box.ButtonSet, Buttons::OK);
+            EXPECT_EQ(box.BoxIcon, Icon::None);
+            EXPECT_EQ(box.Title, "Vantrellion");
+        }
+    }
+    void StoreNumber(const std::string& name, int64_t n) {
+        StoredValue v;
+        v.Type = RegTypeNumber;
+        v.Kind = StoredValue::Data::Integer;
+        v.Integer = n;
+        ASSERT_EQ(temp.store().SetValue(HKEY_LOCAL_MACHINE, kKey, name, v), StoreStatus::Ok);
+    }
+};
+
+TEST_F(RegApi, ReadsTellMissingKeysAndValuesBySentinelOrBox) {
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFileName", "day.log");
+    StoreNumber("Five", 5);
+    StoreNumber("MinusFive", -5);
+    StoredValue odd;
+    odd.Type = 3;  // a type the layer does not read
+    odd.Kind = StoredValue::Data::Text;
+    odd.Text = "xx";
+    temp.store().SetValue(HKEY_LOCAL_MACHINE, kKey, "Binary", odd);
+    ASSERT_TRUE(t.messages.shown.empty());
+
+    struct Case {
+        const char* key;
+        const char* name;
+        const char* sentinelResult;
+        std::vector<std::string> sentinelBoxes;
+        const char* messageResult;
+        std::vector<std::string> messageBoxes;
+    };
+    const Case cases[] = {
+        {"SOFTWARE\\Vantrellion\\Nothing", "A", "REGKEYNOTFOUND", {}, "", {"Could not open key"}},
+        {kKey, "Missing", "VALUENAMENOTFOUND", {}, "", {"Could not read Key\r\nkey=Missing"}},
+        {kKey, "LogFileName", "day.log", {}, "day.log", {}},
+        {"software\\vantrellion\\config\\", "LOGFILENAME", "day.log", {}, "day.log", {}},
+        {kKey, "Five", " 5", {}, " 5", {}},
+        {kKey, "MinusFive", "-5", {}, "-5", {}},
+        {kKey,
+         "Binary",
+         "",
+         {"Could not read Key\r\nkey=Binary"},
+         "",
+         {"Could not read Key\r\nkey=Binary"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.key) + " " + c.name);
+        t.messages.shown.clear();
+        EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, c.key, c.name), c.sentinelResult);
+        EXPECT_EQ(Prompts(), c.sentinelBoxes);
+        t.messages.shown.clear();
+        EXPECT_EQ(RegReadWithMessages(s, HKEY_LOCAL_MACHINE, c.key, c.name), c.messageResult);
+        EXPECT_EQ(Prompts(), c.messageBoxes);
+        ExpectLayerBoxes();
+    }
+}
+
+TEST_F(RegApi, AnEmptyValueIsRefusedBeforeTheKeyIsMade) {
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFileName", "");
+    EXPECT_EQ(Prompts(), std::vector<std::string>{"Bad input to creat value\r\nValue =  "});
+    ExpectLayerBoxes();
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "LogFileName"), "REGKEYNOTFOUND");
+    EXPECT_EQ(temp.store().KeyExists(HKEY_LOCAL_MACHINE, "SOFTWARE"), StoreStatus::KeyNotFound);
+}
+
+TEST_F(RegApi, TheTypeWordIsExactAndCheckedAfterTheKeyIsMade) {
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "string", "LogFileName", "a.log");
+    EXPECT_EQ(Prompts(), std::vector<std::string>{"Bad input to create value\r\nType =  string"});
+    ExpectLayerBoxes();
+    t.messages.shown.clear();
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "LogFileName"),
+              "VALUENAMENOTFOUND");
+    EXPECT_TRUE(t.messages.shown.empty());
+}
+
+TEST_F(RegApi, NumbersAreStoredAsRounded32BitValues) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"5", " 5"},   {"-12", "-12"},    {"2.5", " 2"},
+        {"3.5", " 4"}, {"&HFF&", " 255"}, {"2147483647", " 2147483647"},
+    };
+    for (const auto& [in, out] : cases) {
+        RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "Number", "N", in);
+        EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "N"), out) << in;
+    }
+    EXPECT_TRUE(t.messages.shown.empty());
+    // The layer has no handler there: the conversion's fault reaches the caller.
+    try {
+        RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "Number", "N", "five");
+        ADD_FAILURE() << "no fault";
+    } catch (const FatalError& e) {
+        EXPECT_EQ(e.Number(), 13);
+    }
+    EXPECT_THROW(RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "Number", "N", "2147483648"),
+                 FatalError);
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "N"), " 2147483647");
+}
+
+TEST_F(RegApi, DeletesTellWhatCouldNotBeDone) {
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "A", "1");
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "B", "2");
+    struct Case {
+        std::function<void()> run;
+        std::vector<std::string> boxes;
+    };
+    const Case cases[] = {
+        {[&] { RegDeleteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "A"); }, {}},
+        {[&] { RegDeleteValue(s, HKEY_LOCAL_MACHINE, kKey, "A"); }, {"Could not delete key value"}},
+        {[&] { RegDeleteValue(s, HKEY_LOCAL_MACHINE, "SOFTWARE\\None", "A"); },
+         {"Could not open key"}},
+        {[&] { RegDeleteKey(s, HKEY_LOCAL_MACHINE, kKey); }, {}},
+        // The delete still runs after the failed open, and fails too.
+        {[&] { RegDeleteKey(s, HKEY_LOCAL_MACHINE, kKey); },
+         {"Could not open key", "Could not delete key"}},
+        // A key with subkeys is not deleted.
+        {[&] { RegDeleteKey(s, HKEY_LOCAL_MACHINE, "SOFTWARE"); }, {"Could not delete key"}},
+    };
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        SCOPED_TRACE(i);
+        t.messages.shown.clear();
+        cases[i].run();
+        EXPECT_EQ(Prompts(), cases[i].boxes);
+        ExpectLayerBoxes();
+    }
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "B"), "REGKEYNOTFOUND");
+    EXPECT_EQ(temp.store().KeyExists(HKEY_LOCAL_MACHINE, "SOFTWARE\\Vantrellion"), StoreStatus::Ok);
+}
+
+TEST_F(RegApi, WithoutAStoreEveryKeyIsMissingAndEveryWriteRefused) {
+    s.platform.store = nullptr;
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "REGKEYNOTFOUND");
+    EXPECT_EQ(RegReadWithMessages(s, HKEY_LOCAL_MACHINE, kKey, "A"), "");
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "A", "1");
+    RegDeleteValue(s, HKEY_LOCAL_MACHINE, kKey, "A");
+    EXPECT_EQ(Prompts(), (std::vector<std::string>{"Could not open key", "Could not open key",
+                                                   "Could not open key"}));
+}
+
+TEST_F(RegApi, AStoreProblemIsExplainedOnceBeforeTheLayersOwnBoxes) {
+    // A store whose folder cannot be made: told once, and the run goes on in memory.
+    test::TempDirectory dir;
+    { std::ofstream(dir.Slashed() + "file") << "x"; }
+    KeyValueStore broken(dir.Slashed() + "file/store.db");
+    s.platform.store = &broken;
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "REGKEYNOTFOUND");
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_NE(t.messages.shown[0].Prompt.find(dir.Slashed() + "file/store.db"), std::string::npos);
+    EXPECT_EQ(t.messages.shown[0].BoxIcon, Icon::Exclamation);
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "A", "1");
+    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "1");
+    EXPECT_EQ(t.messages.shown.size(), 1u);
+}
+
+}  // namespace
+}  // namespace vantrellion
