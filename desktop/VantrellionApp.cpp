@@ -7,7 +7,9 @@
 #include <ctime>
 
 #include "boardio/LibraryPorts.h"
+#include "configuration/CheckConfigurationAtStart.h"
 #include "core/CheckTimeControl.h"
+#include "core/FatalError.h"
 #include "core/MachineDirectory.h"
 #include "core/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
@@ -29,6 +31,9 @@ VantrellionApp::VantrellionApp(Options o) {
         libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), *p.messages,
                                                        s_.modRelay.RunNoBoards);
     p.ports = o.ports ? o.ports : libraryPorts_.get();
+    store_ = std::make_unique<KeyValueStore>(o.machineDirectory + "store.db");
+    p.store = store_.get();
+    p.configuration = &configurationSaves_;
     timer_.SetEnabled(false);
     QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
         RunOrEnd(s_, [this] { CheckTimeTick(s_); });
@@ -59,7 +64,7 @@ bool VantrellionApp::Main() {
         splash_->show();
         splash_->repaint();
         QCoreApplication::processEvents();
-        if (!CheckConfigurationAtStartup()) {  // 5
+        if (!CheckConfigurationAtStart(s_, firstRun_)) {  // 5
             UnloadAllForms();
             return false;
         }

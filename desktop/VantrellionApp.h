@@ -6,8 +6,11 @@
 #include <memory>
 #include <string>
 
+#include "configuration/ConfigurationStoreAdapter.h"
+#include "configuration/KeyValueStore.h"
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
+#include "desktop/FirstRunScreens.h"
 #include "desktop/QtPlatform.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
@@ -34,6 +37,8 @@ public:
     frmRelay* MainWindow() { return main_.get(); }
     frmSplash* Splash() { return splash_.get(); }
     QtCheckTimer& Timer() { return timer_; }
+    // The configuration screens that the start-up check opens on a first run.
+    DesktopFirstRunScreens& FirstRun() { return firstRun_; }
 
     // Closes every window that is still open.
     void UnloadAllForms();
@@ -51,6 +56,9 @@ private:
     QtMessageBoxes qtMessages_;
     QtFileDialogs qtDialogs_;
     std::unique_ptr<Ports> libraryPorts_;
+    std::unique_ptr<KeyValueStore> store_;
+    ConfigurationStoreAdapter configurationSaves_{s_};
+    DesktopFirstRunScreens firstRun_;
     std::unique_ptr<InstanceLock> instanceLock_;
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmRelay> main_;
