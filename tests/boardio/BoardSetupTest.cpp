@@ -80,8 +80,8 @@ TEST(PortInitBoard, AControlValueOutsideAByteIsAFatalOverflow) {
 }
 
 // Exit runs ResetAllRelays and then ClearOutputPorts, in both modes and with either setting
-// of ResetOnExit.
-TEST(BoardReset, AtExitInTheFourCombinationsOfModeAndResetOnExit) {
+// of ResetOnExit; New runs ResetAllRelays alone, so it makes no final write.
+TEST(BoardReset, AtExitAndNewInTheFourCombinationsOfModeAndResetOnExit) {
     struct Case {
         const char* name;
         Flag runNoBoards;
@@ -106,6 +106,7 @@ TEST(BoardReset, AtExitInTheFourCombinationsOfModeAndResetOnExit) {
             t.relay(i).CycleStart = 1234;
 
         ResetAllRelays(t.s);
+        const size_t accessesAtNew = t.ports.log.size();
         ClearOutputPorts(t.s);
 
         std::vector<Access> expected;
@@ -118,6 +119,7 @@ TEST(BoardReset, AtExitInTheFourCombinationsOfModeAndResetOnExit) {
                 expected.push_back(W(kBase, static_cast<int16_t>(v)));
             }
         }
+        EXPECT_EQ(accessesAtNew, expected.size()) << c.name;
         if (c.finalWriteOfZero) expected.push_back(W(kBase, 0));
         EXPECT_THAT(t.ports.log, ElementsAreArray(expected)) << c.name;
 
@@ -129,26 +131,6 @@ TEST(BoardReset, AtExitInTheFourCombinationsOfModeAndResetOnExit) {
         }
         for (int i = 0; i < 8; ++i)
             EXPECT_EQ(t.relay(i).CycleStart, c.relaysCleared ? 0 : 1234) << c.name << " " << i;
-    }
-}
-
-// New resets only: a real board without ResetOnExit keeps its relays, to be turned off by
-// the next tick; in emulation the relays always go off.
-TEST(BoardReset, AtNewNoFinalWrite) {
-    for (Flag runNoBoards : {False, True}) {
-        TestSystem t;
-        t.mod().RunNoBoards = runNoBoards;
-        t.mod().Board[0].ResetOnExit = True;
-        t.ports.bytes[kBase] = 0x03;
-        t.frm().EmulatedPort[0] = 0x03;
-        ResetAllRelays(t.s);
-        if (runNoBoards == 0) {
-            EXPECT_EQ(t.ports.bytes[kBase], 0);
-            EXPECT_EQ(t.ports.Writes().size(), 8u);
-        } else {
-            EXPECT_EQ(t.frm().EmulatedPort[0], 0);
-            EXPECT_THAT(t.ports.log, IsEmpty());
-        }
     }
 }
 

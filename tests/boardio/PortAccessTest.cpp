@@ -63,14 +63,6 @@ TEST(PortAccess, RealModeReadsTakeEachPortOnce) {
     EXPECT_THAT(t.ports.log, ElementsAre(R(kBase, 0xFF), R(kInput, 0x24)));
 }
 
-// A write that does not stick is seen as such by the read-back.
-TEST(PortAccess, RealModeReadBackShowsAStuckPort) {
-    TestSystem t;
-    t.ports.stuck[kBase] = true;
-    SetRelayOn(t.s, 0, 1);
-    EXPECT_EQ(ReadRelayPorts(t.s)[0], 0);
-}
-
 TEST(PortAccess, BaseAddressZeroTouchesNothingInEitherMode) {
     for (Flag runNoBoards : {False, True}) {
         TestSystem t;
