@@ -128,7 +128,8 @@ def glyph(ch, x0, y0, cell):
 
 
 def centred_glyph(ch, cx, cy, cell):
-    return glyph(ch, cx - 2.5 * cell, cy - 3.5 * cell, cell)
+    """A glyph of whole-pixel cells centred on (cx, cy), snapped to the pixel grid."""
+    return glyph(ch, round(cx - 2.5 * cell), round(cy - 3.5 * cell), cell)
 
 
 def gear(cx, cy, r_body, r_teeth, teeth, r_hole):
@@ -194,13 +195,13 @@ def icon_relay(n):
     def draw(c):
         c.paint(circle(16, 16, 14.5), rgb("#ffffff"))
         c.paint(circle(16, 16, 13.2), rgb(RELAY_COLOURS[n - 1]))
-        c.paint(centred_glyph(str(n), 16, 16, 2.6), rgb("#ffffff"))
+        c.paint(centred_glyph(str(n), 16, 16, 3), rgb("#ffffff"))
     return draw
 
 
 def icon_about(c):
     c.paint(circle(16, 16, 14.5), rgb("#2f6fb3"))
-    c.paint(centred_glyph("i", 16, 16, 2.8), rgb("#ffffff"))
+    c.paint(centred_glyph("i", 16, 16, 3), rgb("#ffffff"))
 
 
 def icon_configuration(c):
@@ -216,7 +217,7 @@ def icon_help_configuration(c):
 
 def icon_help_general(c):
     c.paint(circle(16, 16, 14.5), rgb("#2e9d5b"))
-    c.paint(centred_glyph("?", 16, 16, 2.8), rgb("#ffffff"))
+    c.paint(centred_glyph("?", 16, 16, 3), rgb("#ffffff"))
 
 
 def icon_log_delete(c):
@@ -246,7 +247,7 @@ def icon_log_viewer(c):
 def icon_splash(c):
     c.paint(rounded(1, 1, 31, 31, 6), rgb("#1d3b5c"))
     c.paint(rounded(2.2, 2.2, 29.8, 29.8, 5), rgb("#2b5580"))
-    c.paint(centred_glyph("V", 16, 14, 3.2), rgb("#ffffff"))
+    c.paint(centred_glyph("V", 16, 13, 3), rgb("#ffffff"))
     for k in range(4):
         c.paint(circle(8.5 + k * 5, 26, 1.8), rgb("#46d35a") if k % 2 == 0 else rgb("#9aa4ae"))
 
