@@ -8,7 +8,9 @@
 namespace vantrellion {
 
 void AppendLogLine(const std::string& fullName, const std::string& line) {
-    const int fd = ::open(fullName.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+    // Non-blocking, so that a pipe without a reader never holds up the tick.
+    const int fd =
+        ::open(fullName.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
     if (fd < 0) return;
     const std::string bytes = line + "\r\n";
     size_t written = 0;

@@ -93,8 +93,10 @@ bool SaveRunFile(System& s, const std::string& Path, const std::string& FileName
     const RunFileImage image = BuildRunFile(s);
 
     bool saved = false;
-    const int fd =
-        ::open((Path + FileName).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    // Non-blocking, so that a pipe without a reader is refused instead of hanging the open;
+    // for a regular file the flag changes nothing.
+    const int fd = ::open((Path + FileName).c_str(),
+                          O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
     if (fd < 0) {
         ShowSaveError(s, "Open File Error", errno);
     } else {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "engine/InputStates.h"
@@ -73,6 +74,11 @@ TEST_F(EventLog, AFileErrorLosesTheLineAndTheTimerStillComesBack) {
     WriteEventLog(s, "Open", "full");
     s.modRelay.LogFilePath = dir.Path() + "missing/";
     WriteEventLog(s, "Open", "missing");
+    // A pipe that nobody reads must not hold the program up.
+    ASSERT_EQ(::mkdir(dir.File("p").c_str(), 0700), 0);
+    ASSERT_EQ(::mkfifo(dir.File("p/Vantrellion_2026_11_14.Log").c_str(), 0600), 0);
+    s.modRelay.LogFilePath = dir.File("p/");
+    WriteEventLog(s, "Open", "pipe");
     EXPECT_TRUE(ts.timer.enabled);
     EXPECT_TRUE(ts.messages.shown.empty());
 }

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <cstring>
 
 #include "core/ResetRelayRecords.h"
@@ -174,6 +176,7 @@ TEST_F(RunFileLoad, VersionsAndTheirResults) {
         EXPECT_EQ(t.s.modRelay.LoggingOnOff, logged ? True : False) << c.file;
         // The records keep their new-schedule values in every one of these cases.
         test::TestSystem fresh;
+        fresh.s.modRelay.LoggingOnOff = t.s.modRelay.LoggingOnOff;
         test::ExpectSameSchedule(t.s, fresh.s);
     }
 }
@@ -341,8 +344,8 @@ TEST_F(RunFileLoad, ACutFileReportsWhereItEnds) {
         {12, RunFileTimeArrayError, true, true, false, false},
         {23, RunFileTimeArrayError, true, true, false, false},
         {24, RunFileTimeArrayError, true, true, true, false},
-        {44, RunFileTimeArrayError, true, true, true, false},
-        {45, RunFileTimeArrayError, true, true, true, true},
+        {43, RunFileTimeArrayError, true, true, true, false},
+        {44, RunFileTimeArrayError, true, true, true, true},
         {169, RunFileTimeArrayError, true, true, true, true},
         {170, RunFileLoaded, true, true, true, true},
     };
@@ -411,10 +414,12 @@ TEST_F(RunFileLoad, AFileThatCannotBeOpenedLeavesTheRecords) {
     EXPECT_EQ(shown()[0].Prompt, std::strerror(ENOENT));
     EXPECT_EQ(shown()[0].BoxIcon, Icon::Exclamation);
 
-    // A directory is not a Run File, and a device would never end.
+    // A directory is not a Run File, and a device or a pipe might never end.
     EXPECT_EQ(LoadRunFile(s, dir.Path(), "", true), RunFileOpenFailed);
     EXPECT_EQ(shown().back().Prompt, std::strerror(EISDIR));
     EXPECT_EQ(LoadRunFile(s, "/dev/", "zero", true), RunFileOpenFailed);
+    ASSERT_EQ(::mkfifo(dir.File("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(LoadRunFile(s, dir.Path(), "pipe", true), RunFileOpenFailed);
     EXPECT_EQ(f.Relay[0].DisplayName, "kept");
 }
 

@@ -98,7 +98,7 @@ TEST_F(RunFileTest, ASavedScheduleLoadsBackByteForByte) {
         r.DaysOfWeek = i % 2 ? "All Days" : "1357";
         r.DayHrEvenOdd = std::vector<std::string>{"EO", "EH", "TH", "3H", "15", "WE", "", "BH"}[i];
         r.Manual = ToFlag(i % 2);
-        r.Invert = ToFlag(i % 3 == 1);
+        r.Invert = ToFlag(i == 1 || i == 7);  // relay 4's code is cyclic: no Invert
         r.CounterOn = ToFlag(i % 4 == 0);
         r.HardStop = ToFlag(i == 5);
         r.Count = static_cast<int16_t>(i * 1000 - 3000);
@@ -148,6 +148,7 @@ class TimerWatchingMessages : public MessageBoxes {
 
 TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
     dir.Write("plain", "x");
+    ASSERT_EQ(::mkfifo(dir.File("pipe").c_str(), 0600), 0);
     struct {
         std::string path, name, title;
         int error;
@@ -155,6 +156,8 @@ TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
         {dir.Path() + "missing/", "a.run", "Open File Error", ENOENT},
         {dir.Path() + "plain/", "a.run", "Open File Error", ENOTDIR},
         {dir.Path(), "", "Open File Error", EISDIR},
+        // A pipe that nobody reads is refused rather than waited for.
+        {dir.Path(), "pipe", "Open File Error", ENXIO},
         // A full disk: the device takes the open and refuses every write.
         {"/dev/", "full", "Error Writing Data File", ENOSPC},
     };

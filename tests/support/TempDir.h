@@ -38,7 +38,11 @@ class TempDir {
     const std::string& Path() const { return path_; }
     std::string File(const std::string& name) const { return path_ + name; }
 
+    // Replaces the file by one with these bytes. (A new file, rather than truncating the old
+    // one: truncation of a file with data is slow on some file systems.)
     void Write(const std::string& name, const std::string& bytes) const {
+        std::error_code ec;
+        std::filesystem::remove(File(name), ec);
         std::ofstream out(File(name), std::ios::binary | std::ios::trunc);
         out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
