@@ -47,7 +47,7 @@ std::optional<double> ParseRadixLiteral(const std::string& body) {
             return std::nullopt;
         if (d >= radix) return std::nullopt;
         v = v * radix + d;
-        if (v > 0xFFFFFFFFull) return std::nullopt;  // wider than any literal of the system
+        if (v > 0xFFFFFFFFull) return std::nullopt;  // wider than any literal of 32 bits
     }
     // Up to four hexadecimal (six octal) digits without "&" make a 16-bit literal.
     if (!long32 && v <= 0xFFFF && digits.size() <= (radix == 16 ? 4u : 6u))
@@ -91,7 +91,7 @@ std::optional<double> ParseDecimal(const std::string& body) {
     return v;
 }
 
-// Rounds half to even, as the system rounds on conversion to an integer.
+// Rounds half to even (2.5 to 2, 3.5 to 4), the rounding of every conversion to an integer.
 double RoundHalfEven(double v) {
     const double r = std::round(v);
     if (std::fabs(v - std::trunc(v)) == 0.5) return 2.0 * std::round(v / 2.0);

@@ -34,7 +34,7 @@ struct Converted {
     RunTimeError Error;
 };
 
-// Text to a signed 16-bit or 32-bit number, rounded half to even as the system rounds.
+// Text to a signed 16-bit or 32-bit number, rounded half to even.
 Converted<int16_t> TextToInt16(const std::string& text);
 Converted<int32_t> TextToInt32(const std::string& text);
 
