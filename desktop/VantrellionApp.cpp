@@ -93,6 +93,9 @@ void VantrellionApp::CreateMainScreen() {
     main_->Unload = [this] {
         RunCommand(s_, [&] { Form_Unload(s_); });
         main_->CloseTimeWindow();
+        // tmrCheckTime belongs to the main screen and goes with it, even if a save during
+        // the close question turned it back on.
+        timer_.SetEnabled(false);
     };
     WireMenus();
     RunOrEnd(s_, [this] {

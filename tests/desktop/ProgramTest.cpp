@@ -1,0 +1,217 @@
+// The whole program from its entry on: a temporary machine directory with a prepared store,
+// real windows, message boxes and file dialogs on the offscreen platform, and fakes only for
+// the clock and the ports.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+#include <memory>
+
+#include "configuration/KeyValueStore.h"
+#include "configuration/clsConfiguration.h"
+#include "desktop/VantrellionApp.h"
+#include "logging/LogFileName.h"
+#include "runfile/CrashRestart.h"
+#include "support/Fakes.h"
+#include "support/TempDir.h"
+#include "tests/desktop/ModalAnswerer.h"
+
+namespace vantrellion::test {
+namespace {
+
+class ProgramTest : public ::testing::Test {
+protected:
+    TempDir dir;
+    FakeClock clock;
+    SimulatedPorts ports;
+    std::unique_ptr<VantrellionApp> app;
+
+    void SetUp() override { clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2}; }
+    void TearDown() override {
+        if (app && app->MainWindow()) app->MainWindow()->Unload = nullptr;
+        app.reset();
+    }
+
+    // A configuration as a Save of the configuration screen leaves it: board 1 at 0x300,
+    // logging on into the machine directory.
+    void PrepareStore(Flag runNoBoards = True) {
+        KeyValueStore store(dir.File("store.db"));
+        TestSystem t;
+        t.s.platform.store = &store;
+        t.s.platform.machineDirectory = dir.Path();
+        t.mod().LoggingOnOff = True;
+        t.mod().RunNoBoards = runNoBoards;
+        t.mod().LogFilePath = dir.Path();
+        t.mod().DataFilePath = dir.Path();
+        ConfigurationSaveToReg(t.s);
+        ASSERT_TRUE(t.messages.shown.empty());
+    }
+    bool Start() {
+        app = std::make_unique<VantrellionApp>(
+            VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr});
+        return app->Main();
+    }
+    frmRelay& Window() { return *app->MainWindow(); }
+    System& Sys() { return app->system(); }
+    void Trigger(const char* menu) { Window().Menu(menu)->trigger(); }
+    std::string Title() { return Window().windowTitle().toStdString(); }
+    std::string TodaysLog() { return dir.Read(LogFileNameForDate("11/16/2026")); }
+};
+
+TEST_F(ProgramTest, NormalStartShowsANewScheduleAndRunsTheTick) {
+    PrepareStore();
+    ModalAnswerer answers;
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(answers.boxes.empty());
+    EXPECT_EQ(Title(), "New");
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_EQ(app->Splash(), nullptr);
+    EXPECT_TRUE(app->Timer().IsEnabled());
+    EXPECT_FALSE(Window().Menu("mnuFileSave")->isEnabled());
+    EXPECT_EQ(Window().Menu("mnuDisplayAddress")->text(), "Currently Running in Emulation Mode");
+
+    // Manual on relay 2, then a tick: the emulated port follows and the row shows it.
+    Sys().frmRelay.Relay[1].Manual = True;
+    Trigger("mnuToolForceCheckTime");
+    EXPECT_EQ(Sys().frmRelay.EmulatedPort[0], 0x02);
+    EXPECT_EQ(Window().StatusPanel[1]->text(), "09:30:00");
+    EXPECT_EQ(Window().lblTotalTime[1]->text(), ">Manual<");
+    EXPECT_EQ(Window().Menu("mnuStateDisplayState", 0)->text(), "RelayState 1 : - 2 - - - - - -");
+    EXPECT_TRUE(app->Timer().IsEnabled());
+}
+
+TEST_F(ProgramTest, StartAfterACrashTakesTheScheduleBack) {
+    PrepareStore();
+    {
+        TestSystem before;
+        before.s.platform.machineDirectory = dir.Path();
+        before.mod().LoggingOnOff = True;  // the restart file carries the logging switch
+        before.SetPair(2, 0, "08:00", "17:00");
+        SaveRestartFile(before.s);
+    }
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Title(), "AUTOMATIC RESTART following System Crash");
+    EXPECT_FALSE(Window().Menu("mnuFileSave")->isEnabled());
+    EXPECT_EQ(Window().txtStartTime[12]->text(), "08:00");
+    EXPECT_EQ(Window().lblTotalTime[2]->text(), "09:00:00");
+    EXPECT_NE(TodaysLog().find("ReStart"), std::string::npos);
+}
+
+TEST_F(ProgramTest, ClosingWithChangesAsksAndCancelKeepsTheProgramUp) {
+    PrepareStore();
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    Sys().frmRelay.FileChanged = True;
+    answers.Box(QMessageBox::Cancel);
+    EXPECT_FALSE(Window().close());
+    ASSERT_EQ(answers.boxes.size(), 1u);
+    EXPECT_EQ(answers.boxes[0].title, "Save?");
+    EXPECT_EQ(answers.boxes[0].text, "Save File?");
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_TRUE(app->Timer().IsEnabled());
+
+    // Yes with no file yet: the Save As dialog, then the close goes on.
+    answers.Box(QMessageBox::Yes);
+    answers.File(QString::fromStdString(dir.File("closing.run")));
+    EXPECT_TRUE(Window().close());
+    EXPECT_TRUE(answers.Done());
+    EXPECT_EQ(answers.dialogTitles.back(), "Save Time-Schedule as");
+    EXPECT_TRUE(dir.Exists("closing.run"));
+    EXPECT_FALSE(dir.Exists(RestartFileName));
+    EXPECT_FALSE(app->Timer().IsEnabled());
+}
+
+TEST_F(ProgramTest, ClosingWithNoLeavesTheScheduleUnsavedAndResetsTheRelays) {
+    PrepareStore();
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    Sys().frmRelay.Relay[0].Manual = True;
+    Trigger("mnuToolForceCheckTime");
+    ASSERT_EQ(Sys().frmRelay.EmulatedPort[0], 0x01);
+    Sys().frmRelay.FileChanged = True;
+    answers.Box(QMessageBox::No);
+    EXPECT_TRUE(Window().close());
+    EXPECT_EQ(Sys().frmRelay.EmulatedPort[0], 0);
+    EXPECT_FALSE(dir.Exists(RestartFileName));
+}
+
+TEST_F(ProgramTest, NewWithCancelStillClearsTheSchedule) {
+    PrepareStore();
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    Sys().frmRelay.StartTime[0] = "08:00";
+    Sys().frmRelay.EndTime[0] = "09:00";
+    Sys().frmRelay.FileChanged = True;
+    answers.Box(QMessageBox::Cancel);
+    Trigger("mnuFileNew");
+    EXPECT_EQ(Sys().frmRelay.StartTime[0], "");
+    EXPECT_EQ(Window().txtStartTime[0]->text(), "");
+    EXPECT_EQ(Title(), "New");
+    EXPECT_TRUE(app->Timer().IsEnabled());
+}
+
+TEST_F(ProgramTest, OpenOfAnOldVersionThenSaveWritesTheCurrentVersion) {
+    PrepareStore();
+    std::string old = "FV.2001.02.29\r\n 1 \r\n";
+    for (int i = 0; i < 8; ++i) {
+        old += "Pump " + std::to_string(i) + "\r\n246\r\nEO\r\n 0 \r\n 0 \r\n 1 \r\n 12 \r\n 0 \r\n\r\n";
+        for (int p = 0; p < 6; ++p) old += p == 0 ? "08:00\r\n15:00\r\n" : "\r\n\r\n";
+    }
+    dir.Write("old.run", old);
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    answers.File(QString::fromStdString(dir.File("old.run")));
+    Trigger("mnuFileOpen");
+    EXPECT_EQ(answers.dialogTitles.back(), "Select Time-Schedule");
+    EXPECT_EQ(Title(), dir.File("old.run"));
+    EXPECT_EQ(Window().txtDisplayName[3]->text(), "Pump 3");
+    EXPECT_EQ(Sys().frmRelay.Relay[3].Count, 0);
+    EXPECT_TRUE(Window().Menu("mnuFileSave")->isEnabled());
+    EXPECT_NE(TodaysLog().find("Open"), std::string::npos);
+
+    Trigger("mnuFileSave");
+    EXPECT_EQ(dir.Read("old.run").substr(0, 25), "FV.2001.05.01|.b0.r7.t5\r\n");
+    EXPECT_NE(TodaysLog().find("Save"), std::string::npos);
+}
+
+TEST_F(ProgramTest, OpenCancelledLeavesTheTimerStopped) {
+    PrepareStore();
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    answers.File(std::nullopt);
+    Trigger("mnuFileOpen");
+    EXPECT_TRUE(answers.Done());
+    EXPECT_FALSE(app->Timer().IsEnabled());
+    EXPECT_EQ(Title(), "New");
+}
+
+TEST_F(ProgramTest, OpenOfADamagedFileGivesANewSchedule) {
+    PrepareStore();
+    dir.Write("bad.run", std::string("\x01\x02 garbage", 10));
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    Sys().frmRelay.StartTime[6] = "08:00";
+    Sys().frmRelay.EndTime[6] = "09:00";
+    answers.File(QString::fromStdString(dir.File("bad.run")));
+    Trigger("mnuFileOpen");
+    ASSERT_FALSE(answers.boxes.empty());
+    EXPECT_EQ(answers.boxes.back().text, "New, error encountered loading selected Run-Schedule");
+    EXPECT_EQ(Sys().frmRelay.StartTime[6], "");
+    EXPECT_EQ(Title(), "New");
+    EXPECT_TRUE(app->Timer().IsEnabled());
+}
+
+TEST_F(ProgramTest, EmptyStoreAndCancelEndsWithoutAMainScreen) {
+    ModalAnswerer answers;
+    answers.Box(QMessageBox::Cancel);
+    EXPECT_FALSE(Start());
+    ASSERT_EQ(answers.boxes.size(), 1u);
+    EXPECT_EQ(answers.boxes[0].title, "Vantrellion is not Configured!");
+    EXPECT_TRUE(answers.boxes[0].text.startsWith("You MUST Configure Now"));
+    EXPECT_EQ(app->MainWindow(), nullptr);
+    EXPECT_EQ(app->Splash(), nullptr);
+}
+
+}  // namespace
+}  // namespace vantrellion::test
