@@ -232,17 +232,6 @@ TEST_F(StartUpCheck, ScreensLeftWithoutSaveAskAgainAndLeaveOnlyTheTwoFlags) {
     EXPECT_EQ(ConfigurationLoadVersionFromReg(s), "VALUENAMENOTFOUND");
 }
 
-TEST_F(StartUpCheck, TheLoopEndsOnceAScreenHasSaved) {
-    int shows = 0;
-    screens.onShow = [&](const std::string&) {
-        if (++shows == 2) ConfigurationSaveToReg(s);
-    };
-    t.messages.answers = {Answer::OK, Answer::OK};
-    EXPECT_TRUE(CheckConfigurationAtStart(s, screens));
-    EXPECT_EQ(shows, 2);
-    EXPECT_EQ(Stored("ConfigVersion"), "FV.2001.05.01|.b0.r7.t5");
-}
-
 TEST_F(StartUpCheck, AMoreBoardsConfigurationIsRewrittenForThisBuildOnSave) {
     ConfigurationSaveToReg(s);
     Put("ConfigVersion", "FV.2001.05.01|.b3.r7.t5");

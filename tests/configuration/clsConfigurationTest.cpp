@@ -82,8 +82,6 @@ TEST_F(Configuration, ASaveLoadsBackAsItWasAndWritesTextOnly) {
     EXPECT_EQ(Stored("LoggingOnOff"), "1");
     EXPECT_EQ(Stored("RunNoBoards"), "0");
     EXPECT_EQ(Stored("BaseAddress1"), "544");
-    EXPECT_EQ(Stored("ColorRelayGroup8"), "107");
-    EXPECT_EQ(Stored("Brd1RNam8"), "Pump 8");
 
     m = ModRelay{};
     m.FileVersion = ComposeFileVersion();
@@ -118,26 +116,12 @@ TEST_F(Configuration, ASaveLoadsBackAsItWasAndWritesTextOnly) {
 
 TEST_F(Configuration, ASaveWritesEightGroupsAndBoardOneOnly) {
     StoreFullConfiguration();
-    std::vector<std::string> expected = {
-        "ConfigVersion", "LoggingOnOff", "RunNoBoards",      "LogFilePath",  "LogFileName",
-        "DataFilePath",  "DataFileName", "WarnOverLapTime",  "ChipSetType1", "BaseAddress1",
-        "InputAddress1", "CntlAddress1", "PortConfigValue1", "LogBoard1",    "ResetOnExit1"};
-    for (const char* c :
-         {"ColorRelayON", "ColorRelayOFF", "ColorTimeON", "ColorTimeOFF", "ColorManualON",
-          "ColorManualOFF", "ColorInputON", "ColorInputOFF", "ColorTTimeBkgrnd", "ColorNameBkgrnd"})
-        expected.push_back(c);
-    for (int i = 1; i <= 8; ++i) {
-        expected.push_back("ColorRelayGroup" + std::to_string(i));
-        expected.push_back("Brd1RNam" + std::to_string(i));
-    }
-    auto names = StoredNames();
-    std::sort(expected.begin(), expected.end(), [](const std::string& a, const std::string& b) {
-        return strcasecmp(a.c_str(), b.c_str()) < 0;
-    });
-    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        return strcasecmp(a.c_str(), b.c_str()) < 0;
-    });
-    EXPECT_EQ(names, expected);
+    // 8 scalars, 10 colours, 8 groups, and board 1: a type, 6 numbers, 8 names.
+    EXPECT_EQ(StoredNames().size(), 8u + 10 + 8 + 1 + 6 + 8);
+    EXPECT_EQ(Stored("ColorRelayGroup8"), "107");
+    EXPECT_EQ(Stored("Brd1RNam8"), "Pump 8");
+    EXPECT_EQ(Stored("ChipSetType2"), "VALUENAMENOTFOUND");
+    EXPECT_EQ(Stored("Brd2RNam1"), "VALUENAMENOTFOUND");
 }
 
 TEST_F(Configuration, ASaveFillsEmptyPathsAndNamesAndBlanksEmptyTexts) {
@@ -342,7 +326,9 @@ TEST_F(Configuration, TheSingleSavesAndTheDeletes) {
     ConfigurationDataFileNameSave(s);
     ConfigurationDataFilePathSave(s);
     ConfigurationFlagLoggingSave(s, True);
-    ConfigurationFlagRunNoBoardsSave(s, False);
+    // Through the interface that other subsystems hold, from the shared state.
+    m.RunNoBoards = False;
+    ConfigurationStoreAdapter(s).ConfigurationFlagRunNoBoardsSave();
     EXPECT_EQ(Stored("LogFileName"), "day.log");
     EXPECT_EQ(Stored("LogFilePath"), "/logs/");
     EXPECT_EQ(Stored("DataFileName"), "a.run");
@@ -361,26 +347,6 @@ TEST_F(Configuration, TheSingleSavesAndTheDeletes) {
     EXPECT_EQ(
         RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, "SOFTWARE\\Vantrellion\\Startup", "frmRelay"),
         "REGKEYNOTFOUND");
-}
-
-TEST_F(Configuration, TheAdapterSavesFromTheSharedState) {
-    ConfigurationStoreAdapter adapter(s);
-    ConfigurationStore& store = adapter;
-    m.LogFileName = "adapter.log";
-    m.DataFileName = "x.run";
-    m.DataFilePath = "/x/";
-    m.LoggingOnOff = False;
-    m.RunNoBoards = True;
-    store.ConfigurationLogFileNameSave();
-    store.ConfigurationDataFileNameSave();
-    store.ConfigurationDataFilePathSave();
-    store.ConfigurationFlagLoggingSave();
-    store.ConfigurationFlagRunNoBoardsSave();
-    EXPECT_EQ(Stored("LogFileName"), "adapter.log");
-    EXPECT_EQ(Stored("DataFileName"), "x.run");
-    EXPECT_EQ(Stored("DataFilePath"), "/x/");
-    EXPECT_EQ(Stored("LoggingOnOff"), "0");
-    EXPECT_EQ(Stored("RunNoBoards"), "1");
 }
 
 }  // namespace
