@@ -67,7 +67,8 @@ QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption) 
 QLineEdit* MakeField(QWidget* parent, const QString& name) {
     auto* e = new QLineEdit(parent);
     e->setObjectName(name);
-    e->setTextMargins(0, 0, 0, 0);
+    // The fields are a few pixels high and wide: give the style's inner margin to the text.
+    e->setTextMargins(-2, -1, -2, -1);
     return e;
 }
 
