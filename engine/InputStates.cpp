@@ -1,6 +1,7 @@
 #include "engine/InputStates.h"
 
 #include "boardio/PortAccess.h"
+#include "core/FatalError.h"
 
 namespace vantrellion {
 

@@ -3,13 +3,11 @@
 #include <cstdio>
 
 #include "configuration/StringTable.h"
-#include "configuration/ExeOrIDE.h"
+#include "configuration/clsExeOrIDE.h"
 
 namespace vantrellion {
 
 namespace {
-constexpr int kRestartTitleId = 1400;  // "AUTOMATIC RESTART following System Crash"
-
 std::string HexUpper(int16_t value) {
     char buf[8];
     std::snprintf(buf, sizeof buf, "%X", static_cast<unsigned>(static_cast<uint16_t>(value)));
@@ -19,7 +17,7 @@ std::string HexUpper(int16_t value) {
 
 std::string MainScreenTitle(const System& s) {
     const ModRelay& m = s.modRelay;
-    if (s.frmRelay.AutoRestarted != 0) return LoadTextResourceString(kRestartTitleId);
+    if (s.frmRelay.AutoRestarted != 0) return StringTableText(StringId::AutomaticRestartTitle);
     if (!m.DataFilePath.empty() && !m.DataFileName.empty()) return m.DataFilePath + m.DataFileName;
     return "New";
 }
@@ -63,7 +61,7 @@ void RefreshTitleAndMenus(System& s) {
         for (int n = 0; n < BoardSlots; ++n) v.SetEnabled(Control::mnuStateDisplayInput, n, false);
     }
 
-    if (RunningInIDE()) {  // 6
+    if (RunningInIDE() != 0) {  // 6
         v.SetVisible(Control::mnuDev, 0, true);
         v.SetEnabled(Control::mnuDev, 0, true);
     }

@@ -60,8 +60,8 @@ TEST_F(LifecycleTest, StartWithoutRestartFileShowsANewScheduleAndStartsTheTick) 
     EXPECT_EQ(t.frm().CheckTimeAllowed, True);
     EXPECT_EQ(t.frm().FileChanged, 0);
     EXPECT_TRUE(t.timer.enabled);
-    EXPECT_EQ(t.screen.picture[{Control::imgHardStop, 2}], "res:110");
-    EXPECT_EQ(t.screen.picture[{Control::imgIDIcon, 2}], "res:123");
+    EXPECT_EQ((t.screen.picture[{Control::imgHardStop, 2}]), "res:110");
+    EXPECT_EQ((t.screen.picture[{Control::imgIDIcon, 2}]), "res:123");
 
     // A second creation or load is only a warning for the maintainer.
     Form_Initialize(t.s);
@@ -84,7 +84,7 @@ TEST_F(LifecycleTest, StartAfterACrashComesBackWithTheSchedule) {
     Form_Load(t.s);
     EXPECT_EQ(t.frm().AutoRestarted, True);
     EXPECT_EQ(t.screen.title, "AUTOMATIC RESTART following System Crash");
-    EXPECT_FALSE(t.screen.enabled[{Control::mnuFileSave, 0}]);
+    EXPECT_FALSE((t.screen.enabled[{Control::mnuFileSave, 0}]));
     EXPECT_EQ(t.frm().StartTime[PairIndex(4, 1)], "10:00");
     EXPECT_FALSE(t.screen.IsEnabled(Control::lblManual, 4));
 }

@@ -22,18 +22,18 @@ protected:
 TEST_F(MainScreenTest, TitleFollowsRestartFileAndNew) {
     RefreshTitleAndMenus(t.s);
     EXPECT_EQ(t.screen.title, "New");
-    EXPECT_FALSE(t.screen.enabled[{Control::mnuFileSave, 0}]);
+    EXPECT_FALSE((t.screen.enabled[{Control::mnuFileSave, 0}]));
 
     t.mod().DataFilePath = "/home/u/runs/";
     t.mod().DataFileName = "garden.run";
     RefreshTitleAndMenus(t.s);
     EXPECT_EQ(t.screen.title, "/home/u/runs/garden.run");
-    EXPECT_TRUE(t.screen.enabled[{Control::mnuFileSave, 0}]);
+    EXPECT_TRUE((t.screen.enabled[{Control::mnuFileSave, 0}]));
 
     t.frm().AutoRestarted = True;
     RefreshTitleAndMenus(t.s);
     EXPECT_EQ(t.screen.title, "AUTOMATIC RESTART following System Crash");
-    EXPECT_FALSE(t.screen.enabled[{Control::mnuFileSave, 0}]);
+    EXPECT_FALSE((t.screen.enabled[{Control::mnuFileSave, 0}]));
 }
 
 TEST_F(MainScreenTest, EmulationRuleAndAddressReadOut) {
@@ -42,8 +42,8 @@ TEST_F(MainScreenTest, EmulationRuleAndAddressReadOut) {
     EXPECT_EQ(t.mod().RunNoBoards, 0);
     EXPECT_EQ(Text(Control::mnuDisplayAddress), "   B1@H300");
     EXPECT_EQ(Text(Control::mnuToolRunNoBoards), "Emulation Mode (Currently Running with Boards)");
-    EXPECT_FALSE(t.screen.checked[{Control::mnuToolRunNoBoards, 0}]);
-    EXPECT_TRUE(t.screen.enabled[{Control::mnuStateDisplayInput, 0}]);
+    EXPECT_FALSE((t.screen.checked[{Control::mnuToolRunNoBoards, 0}]));
+    EXPECT_TRUE((t.screen.enabled[{Control::mnuStateDisplayInput, 0}]));
 
     // No board address at all forces emulation whatever the flag says.
     for (auto& b : t.mod().Board) b.BaseAddress = 0;
@@ -52,12 +52,12 @@ TEST_F(MainScreenTest, EmulationRuleAndAddressReadOut) {
     EXPECT_EQ(Text(Control::mnuDisplayAddress), "Currently Running in Emulation Mode");
     EXPECT_EQ(Text(Control::mnuToolRunNoBoards),
               "Emulation Mode (Currently Running in Emulation Mode)");
-    EXPECT_TRUE(t.screen.checked[{Control::mnuToolRunNoBoards, 0}]);
-    EXPECT_FALSE(t.screen.enabled[{Control::mnuStateDisplayInput, 0}]);
+    EXPECT_TRUE((t.screen.checked[{Control::mnuToolRunNoBoards, 0}]));
+    EXPECT_FALSE((t.screen.enabled[{Control::mnuStateDisplayInput, 0}]));
     // Boards 2 to 4 are greyed in every case.
     for (int n = 1; n <= 3; ++n) {
-        EXPECT_FALSE(t.screen.enabled[{Control::mnuStateManualBoard, n}]);
-        EXPECT_FALSE(t.screen.enabled[{Control::mnuStateDisplayState, n}]);
+        EXPECT_FALSE((t.screen.enabled[{Control::mnuStateManualBoard, n}]));
+        EXPECT_FALSE((t.screen.enabled[{Control::mnuStateDisplayState, n}]));
     }
 }
 

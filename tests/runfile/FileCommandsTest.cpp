@@ -80,7 +80,7 @@ TEST_F(FileCommandsTest, OpenOfOldVersionThenSaveWritesCurrentVersion) {
     EXPECT_EQ(t.frm().StartTime[PairIndex(3, 0)], "08:00");
     EXPECT_EQ(t.relay(0).Count, 0);
     EXPECT_EQ(t.screen.title, dir.Path() + "old.run");
-    EXPECT_TRUE(t.screen.enabled[{Control::mnuFileSave, 0}]);
+    EXPECT_TRUE((t.screen.enabled[{Control::mnuFileSave, 0}]));
     EXPECT_TRUE(t.timer.enabled);
     EXPECT_TRUE(RestartFileExists());
 
