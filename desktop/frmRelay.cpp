@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/QtConvert.h"
+#include "desktop/resources/clsLoadCustomResource.h"
 
 namespace vantrellion {
 
@@ -546,8 +547,10 @@ bool frmRelay::LoadPicture(Control c, int index, const std::string& path, std::s
 
 void frmRelay::LoadResourcePicture(Control c, int index, int resourceId) {
     if (auto* l = qobject_cast<QLabel*>(Widget(c, index)))
-        l->setPixmap(QPixmap(QString(":/icons/%1.png").arg(resourceId)));
+        l->setPixmap(LoadIconResource(resourceId).pixmap(l->size()));
 }
+
+void frmRelay::SetWindowIcon(int resourceId) { setWindowIcon(LoadIconResource(resourceId)); }
 
 void frmRelay::SetStatusFont(int size, bool bold) {
     QFont f = StatusBar1->font();

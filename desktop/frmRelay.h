@@ -81,11 +81,10 @@ public:
     bool LoadPicture(Control c, int index, const std::string& path, std::string& error) override;
     void LoadResourcePicture(Control c, int index, int resourceId) override;
     void SetStatusFont(int size, bool bold) override;
-
-    // Geometry of the screen, in the order of loading.
-    void StackRelayGroups();
-    void SizeFormToRows();
-    void ApplyRunTimeFonts();
+    void SetWindowIcon(int resourceId) override;
+    void StackRelayGroups() override;
+    void SizeFormToRows() override;
+    void ApplyRunTimeFonts() override;
 
     // Runs a menu command; the desktop wires the commands of each menu item here.
     void OnMenu(const QString& name, std::function<void(int)> command);

@@ -6,13 +6,15 @@
 #include <QIcon>
 #include <QPixmap>
 
+#include "desktop/resources/clsLoadCustomResource.h"
+
 namespace vantrellion {
 
 QString VersionText() { return "Version 2001.5.1"; }
 
 frmSplash::frmSplash(QWidget* parent) : QDialog(parent, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
     setObjectName("frmSplash");
-    setWindowIcon(QIcon(":/icons/250.png"));
+    setWindowIcon(LoadIconResource(250));
     setAttribute(Qt::WA_DeleteOnClose, false);
 
     auto* frame = new QFrame(this);
@@ -24,8 +26,7 @@ frmSplash::frmSplash(QWidget* parent) : QDialog(parent, Qt::SplashScreen | Qt::W
 
     imgLogo = new QLabel(frame);
     imgLogo->setObjectName("imgLogo");
-    imgLogo->setPixmap(QPixmap(":/icons/101.png").scaled(64, 64, Qt::KeepAspectRatio,
-                                                          Qt::SmoothTransformation));
+    imgLogo->setPixmap(LoadIconResource(101).pixmap(64, 64));
     auto label = [&](const char* name, const QString& text) {
         auto* l = new QLabel(text, frame);
         l->setObjectName(name);
