@@ -1,0 +1,181 @@
+#include "mainscreen/ValidateFields.h"
+
+#include <optional>
+
+#include "engine/CheckTimePairs.h"
+#include "engine/RowTotals.h"
+#include "engine/TimeOfDay.h"
+#include "runfile/CrashRestart.h"
+
+namespace vantrellion {
+
+namespace {
+
+constexpr const char* kEntryError = "Entry Error";
+
+// Every message of field entry has the exclamation icon and a single OK button.
+void ShowEntryMessage(System& s, const std::string& prompt, const std::string& title) {
+    s.Message({prompt, Buttons::OK, Icon::Exclamation, 1, title});
+}
+
+bool Reject(System& s, const std::string& prompt) {
+    ShowEntryMessage(s, prompt, kEntryError);
+    return false;
+}
+
+// A time text that stands for "no time".
+bool IsBlankEntry(const std::string& text) {
+    return text.empty() || text == " ";
+}
+
+// Changes the text of the field and of the caller's copy; the field's change event follows.
+void ReplaceFieldText(System& s, Control field, int index, std::string& text,
+                      const std::string& replacement) {
+    if (replacement == text) return;
+    text = replacement;
+    s.screen().SetText(field, index, text);
+}
+
+std::string UpperCase(std::string text) {
+    for (char& c : text)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return text;
+}
+
+void ShowStartTimeRequired(System& s) {
+    // The title is that of the restart file's message; it has always been shown so.
+    ShowEntryMessage(s,
+                     "Start time Required with End time\r\n"
+                     "To Remove time-pair...\r\n"
+                     "   Remove End time first\r\n"
+                     "To create Time-pair...\r\n"
+                     "   Enter Start time first",
+                     "Unable to Create Restart File!");
+}
+
+// The two validators of a time-pair share every step; the end side adds the warning for a
+// missing start time.
+bool ValidateTime(System& s, Control field, int k, std::string& text) {
+    FrmRelay& f = s.frmRelay;
+    const bool isStart = field == Control::txtStartTime;
+    std::string& own = isStart ? f.StartTime[k] : f.EndTime[k];
+    const std::string& other = isStart ? f.EndTime[k] : f.StartTime[k];
+
+    if (text == own) return true;
+    if (IsBlankEntry(text)) {
+        // Clearing one side unsets the pair; nothing to check.
+        own = "";
+    } else {
+        if (text.size() > 8) ReplaceFieldText(s, field, k, text, text.substr(0, 8));
+        const std::optional<int> entered = ParseTimeOfDay(text);
+        if (!entered)
+            return Reject(s,
+                          "Time Entered is NOT a valid Time, please re-enter\r\n\r\n"
+                          "Format is HH:MM:SS or HH:MM am/pm (:SS is optional)");
+        // A warning only: the end time is kept, and the pair stays unset until it has a start.
+        if (!isStart && IsBlankEntry(other)) ShowStartTimeRequired(s);
+        if (!IsBlankEntry(other)) {
+            // The other side passed this check when it was entered; only a damaged Run File
+            // brings in a text that cannot be read, and that ends this command as an error.
+            const int otherTime = TimeOfDayOrFail(other);
+            const int start = isStart ? *entered : otherTime;
+            const int end = isStart ? otherTime : *entered;
+            if (start == end) return Reject(s, "ON time same as OFF");
+            if (start > end) return Reject(s, "ON time must be earlier then OFF time");
+        }
+        own = text;
+    }
+    if (CheckTimePairOverlap(s, k) && s.modRelay.WarnOverLapTime != 0)
+        ShowEntryMessage(s, "Your Last Entry Over-Laps another Time-Pair", "Warning !");
+    RefreshRowTotal(s, k);
+    f.FileChanged = True;
+    SaveRestartFile(s);
+    return true;
+}
+
+}  // namespace
+
+bool IsDaysOfWeekText(const std::string& text) {
+    static const char* const kForms[] = {"Days", "ALL Days", "All Days", "ALL", "All", " ", ""};
+    for (const char* form : kForms)
+        if (text == form) return true;
+    return IsNumericCode(text);
+}
+
+bool IsEvenOddCode(const std::string& text) {
+    static const char* const kCodes[] = {"EO", "ED", "OD", "EH", "OH", "EM", "OM", "ES", "OS", "TH",
+                                         "MH", "BH", "3H", "XS", "SX", "SS", "  ", " ",  ""};
+    for (const char* code : kCodes)
+        if (text == code) return true;
+    return IsNumericCode(text);
+}
+
+bool ValidateDisplayName(System& s, int i, std::string& text) {
+    RelayRecord& rec = s.frmRelay.Relay[i];
+    if (text != rec.DisplayName) {
+        rec.DisplayName = text;
+        s.frmRelay.FileChanged = True;
+        SaveRestartFile(s);
+    }
+    return true;
+}
+
+bool ValidateDaysOfWeek(System& s, int i, std::string& text) {
+    if (!IsDaysOfWeekText(text)) return Reject(s, "Invalid Days of Week Entered, please re-enter");
+    RelayRecord& rec = s.frmRelay.Relay[i];
+    if (text != rec.DaysOfWeek) {
+        rec.DaysOfWeek = text;
+        rec.CycleStart = 0;
+        s.display().SetInvertCaption(i, "Invert");
+        s.frmRelay.FileChanged = True;
+        SaveRestartFile(s);
+    }
+    return true;
+}
+
+bool ValidateDayHrEvenOdd(System& s, int i, std::string& text) {
+    ReplaceFieldText(s, Control::txtDayHrEvenOdd, i, text, UpperCase(text).substr(0, 2));
+    if (!IsEvenOddCode(text)) return Reject(s, "Invalid Even/Odd Entered, please re-enter");
+    RelayRecord& rec = s.frmRelay.Relay[i];
+    if (text != rec.DayHrEvenOdd) {
+        rec.DayHrEvenOdd = text;
+        rec.CycleStart = 0;
+        s.frmRelay.FileChanged = True;
+        SaveRestartFile(s);
+    }
+    RefreshRowTotal(s, PairIndex(i, 0));
+    // A cyclic row shows the time of its next change where Invert stands, and cannot invert.
+    if (IsNumericCode(text)) {
+        rec.Invert = False;
+    } else {
+        s.display().SetInvertCaption(i, "Invert");
+    }
+    return true;
+}
+
+bool ValidateStartTime(System& s, int k, std::string& text) {
+    return ValidateTime(s, Control::txtStartTime, k, text);
+}
+
+bool ValidateEndTime(System& s, int k, std::string& text) {
+    return ValidateTime(s, Control::txtEndTime, k, text);
+}
+
+bool CheckTimePairOverlap(System& s, int k) {
+    const FrmRelay& f = s.frmRelay;
+    const int first = k - k % PairsPerRelay;
+    for (int a = first; a <= first + LastTimePair; ++a) {
+        if (!PairIsSet(f, a)) continue;
+        const std::string& startA = f.StartTime[a];
+        const std::string& endA = f.EndTime[a];
+        for (int b = first; b <= first + LastTimePair; ++b) {
+            if (b == a || !PairIsSet(f, b)) continue;
+            const std::string& startB = f.StartTime[b];
+            const std::string& endB = f.EndTime[b];
+            if ((startA > startB && startA < endB) || (endA < endB && endA > startB)) return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace vantrellion
