@@ -70,12 +70,5 @@ TEST(LogFileName, StoresAChangedNameOnceAndJoinsThePathAsItStands) {
     EXPECT_EQ(MakeLogFileName(ts.s), "/var/log/farmVantrellion_2026_11_15.Log");
 }
 
-TEST(LogFileName, WorksWithoutAConfigurationStore) {
-    test::TestSystem ts;
-    ts.s.modRelay.LogFilePath = "/tmp/";
-    EXPECT_EQ(MakeLogFileName(ts.s), "/tmp/Vantrellion_2026_11_16.Log");
-    EXPECT_EQ(ts.s.modRelay.LogFileName, "Vantrellion_2026_11_16.Log");
-}
-
 }  // namespace
 }  // namespace vantrellion

@@ -102,22 +102,6 @@ TEST_F(RunFileLoad, ReadsTheWorkedExample) {
     EXPECT_TRUE(shown().empty());
 }
 
-TEST_F(RunFileLoad, AcceptsLfAndCrLineEndsAsWellAsCrLf) {
-    SavedLines();
-    test::TestSystem reference;
-    ASSERT_EQ(LoadRunFile(reference.s, dir.Path(), "saved.run", true), RunFileLoaded);
-    f.Relay[0].DisplayName = "changed";
-    const auto lines = SavedLines();
-    for (const char* end : {"\n", "\r"}) {
-        test::TestSystem t;
-        dir.Write("e.run", JoinLines(lines, end));
-        ASSERT_EQ(LoadRunFile(t.s, dir.Path(), "e.run", true), RunFileLoaded) << int(end[0]);
-        EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, "changed");
-        t.s.frmRelay.Relay[0].DisplayName = reference.s.frmRelay.Relay[0].DisplayName;
-        test::ExpectSameSchedule(t.s, reference.s);
-    }
-}
-
 // What every version line leads to, with nothing after it but the logging line where given.
 TEST_F(RunFileLoad, VersionsAndTheirResults) {
     struct {
@@ -174,23 +158,14 @@ TEST_F(RunFileLoad, VersionsAndTheirResults) {
         // Only a version that carries the logging line and reads it sets the switch.
         const bool logged = c.result == 0 && c.file.find(" 1 ") != std::string::npos;
         EXPECT_EQ(t.s.modRelay.LoggingOnOff, logged ? True : False) << c.file;
-        // The records keep their new-schedule values in every one of these cases.
+        // The version line is taken as it stands, even when refused; the records keep their
+        // new-schedule values in every one of these cases.
         test::TestSystem fresh;
+        if (c.result >= RunFileUnknownVersion) {
+            EXPECT_NE(c.file.find(t.s.modRelay.FileVersion), std::string::npos) << c.file;
+        }
         fresh.s.modRelay.LoggingOnOff = t.s.modRelay.LoggingOnOff;
         test::ExpectSameSchedule(t.s, fresh.s);
-    }
-}
-
-TEST_F(RunFileLoad, RefusedVersionsLeaveTheRecordsButTakeTheVersionLine) {
-    f.Relay[3].DisplayName = "kept";
-    s.modRelay.LoggingOnOff = True;
-    const System before = s;
-    for (const char* v : {"FV.9999.99.99|.b0.r7.t5", "FV.2002.01.01|.b0.r7.t5"}) {
-        auto lines = File(v, 8, 6);
-        lines[1] = " 0 ";
-        Load(JoinLines(lines, "\r\n"));
-        test::ExpectSameSchedule(s, before);
-        EXPECT_EQ(s.modRelay.FileVersion, v);
     }
 }
 
@@ -421,14 +396,6 @@ TEST_F(RunFileLoad, AFileThatCannotBeOpenedLeavesTheRecords) {
     ASSERT_EQ(::mkfifo(dir.File("pipe").c_str(), 0600), 0);
     EXPECT_EQ(LoadRunFile(s, dir.Path(), "pipe", true), RunFileOpenFailed);
     EXPECT_EQ(f.Relay[0].DisplayName, "kept");
-}
-
-TEST_F(RunFileLoad, DoesNotTouchTheTimer) {
-    SavedLines();
-    const int changes = ts.timer.changes;
-    ASSERT_EQ(LoadRunFile(s, dir.Path(), "saved.run", true), RunFileLoaded);
-    Load("garbage");
-    EXPECT_EQ(ts.timer.changes, changes);
 }
 
 }  // namespace
