@@ -8,11 +8,13 @@
 
 #include "boardio/LibraryPorts.h"
 #include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/clsWin32Version.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
 #include "core/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
+#include "desktop/RowEvents.h"
 #include "engine/Tick.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "runfile/FileCommands.h"
@@ -54,7 +56,13 @@ void VantrellionApp::ShowMainErrorMessage(const std::string& description, int nu
 bool VantrellionApp::Main() {
     std::srand(static_cast<unsigned>(std::time(nullptr)));  // 1
     try {
-        // 2: the platform check passes on Linux.
+        const std::string platform = getVersion32();  // 2: Linux passes
+        if (platform != "98" && platform != "95" && platform != "ME") {
+            s_.Message({std::string("This version of ") + AppTitle +
+                        " Only Runs in Win95/98\r\nWinNT requires another version."});
+            UnloadAllForms();
+            return false;
+        }
         EnsureDirectory(s_.platform.machineDirectory);
         instanceLock_ = std::make_unique<InstanceLock>(s_.platform.machineDirectory);  // 3
         if (instanceLock_->AnotherInstanceRuns())
@@ -97,6 +105,7 @@ void VantrellionApp::CreateMainScreen() {
         // the close question turned it back on.
         timer_.SetEnabled(false);
     };
+    WireRowEvents(*main_, s_);
     WireMenus();
     RunOrEnd(s_, [this] {
         Form_Initialize(s_);
