@@ -329,7 +329,10 @@ void frmRelay::OnMenu(const QString& name, std::function<void(int)> command) {
     auto [first, last] = actions_.equal_range(name);
     for (auto it = first; it != last; ++it) {
         QAction* a = it->second;
-        connect(a, &QAction::triggered, this, [a, command] { command(a->data().toInt()); });
+        connect(a, &QAction::triggered, this, [this, a, command] {
+            if (ValidateBeforeCommand && !ValidateBeforeCommand()) return;
+            command(a->data().toInt());
+        });
     }
 }
 
@@ -560,6 +563,10 @@ void frmRelay::SetStatusFont(int size, bool bold) {
 }
 
 void frmRelay::closeEvent(QCloseEvent* event) {
+    if (ValidateBeforeCommand && !ValidateBeforeCommand()) {
+        event->ignore();
+        return;
+    }
     if (QueryUnload && QueryUnload()) {
         event->ignore();
         return;

@@ -88,6 +88,9 @@ public:
 
     // Runs a menu command; the desktop wires the commands of each menu item here.
     void OnMenu(const QString& name, std::function<void(int)> command);
+    // Asked before every menu command and before the close path: validates the field with the
+    // focus (desktop/FieldValidation.h). False drops the command or the close.
+    std::function<bool()> ValidateBeforeCommand;
 
     // The floating clock, created on first use.
     QWidget* TimeWindow() const { return frmTime_; }
