@@ -1,0 +1,16 @@
+#include "logging/LogFilePathChoice.h"
+
+#include "configuration/ProgramLocation.h"
+
+namespace vantrellion {
+
+std::string LogFilePathStartDirectory(System& s) {
+    return s.modRelay.LogFilePath.empty() ? ProgramDirectory() : s.modRelay.LogFilePath;
+}
+
+void SelectLogFilePath(System& s, const std::string& chosenPath) {
+    if (chosenPath.empty()) return;
+    s.modRelay.LogFilePath = chosenPath.back() == '/' ? chosenPath : chosenPath + "/";
+}
+
+}  // namespace vantrellion

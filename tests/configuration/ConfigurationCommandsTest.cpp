@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "configuration/ConfigurationCommands.h"
+#include "configuration/clsConfiguration.h"
+#include "configuration/modRegAPI.h"
+#include "logging/LogFilePathChoice.h"
+#include "support/Fakes.h"
+#include "support/TempStore.h"
+
+namespace vantrellion {
+namespace {
+
+using test::SimulatedPorts;
+using test::TempStore;
+using test::TestSystem;
+
+// The screens of the File menu: a display size, a record of what was shown, and what the user
+// does on them.
+struct FakeConfigurationScreens : ConfigurationScreens {
+    int height = 9000, width = 12000;
+    std::vector<std::string> shown;
+    std::function<void()> onShow;
+    int repaints = 0;
+    int ScreenHeightTwips() override { return height; }
+    int ScreenWidthTwips() override { return width; }
+    void Show(const char* name) {
+        shown.push_back(name);
+        if (onShow) onShow();
+    }
+    void ShowConfiguration() override { Show("frmConfiguration"); }
+    void ShowConfigBoards() override { Show("frmConfigBoards"); }
+    void ShowConfigColors() override { Show("frmConfigColors"); }
+    void RepaintMainScreen() override { ++repaints; }
+};
+
+class ConfigurationCommands : public ::testing::Test {
+  protected:
+    TestSystem t;
+    TempStore temp{t.s};
+    System& s = t.s;
+    BoardRecord& board = t.s.modRelay.Board[0];
+    FakeConfigurationScreens screens;
+
+    void SetUp() override {
+        s.frmRelay.CheckTimeAllowed = True;
+        board.CntlAddress = 0x303;
+        board.PortConfigValue = 0x80;
+    }
+};
+
+TEST_F(ConfigurationCommands, TheDisplaySizeChoosesTheScreens) {
+    struct Case {
+        int height, width;
+        std::vector<std::string> shown;
+    };
+    const Case cases[] = {
+        {8999, 11999, {"frmConfigBoards", "frmConfigColors"}},
+        {8999, 12000, {"frmConfiguration"}},
+        {9000, 11999, {"frmConfiguration"}},
+    };
+    for (const Case& c : cases) {
+        screens.shown.clear();
+        screens.height = c.height;
+        screens.width = c.width;
+        mnuFileConfiguration(s, screens);
+        EXPECT_EQ(screens.shown, c.shown) << c.height << "x" << c.width;
+    }
+}
+
+TEST_F(ConfigurationCommands, OnlyAChangedAddressReachesThePorts) {
+    struct Case {
+        const char* what;
+        std::function<void(BoardRecord&)> edit;
+        std::vector<SimulatedPorts::Access> writes;
+    };
+    const std::vector<SimulatedPorts::Access> setUp = {
+        {true, 0x303, 0x80}, {true, 0x300, 0}, {true, 0x301, 0}};
+    const Case cases[] = {
+        {"nothing", [](BoardRecord&) {}, {}},
+        {"a relay name and the chip type",
+         [](BoardRecord& b) {
+             b.RelayName[0] = "Pump";
+             b.ChipSetType = "PCL-725";
+         },
+         {}},
+        {"the base address", [](BoardRecord& b) { b.BaseAddress = 0x300; }, setUp},
+        {"the port value",
+         [](BoardRecord& b) { b.PortConfigValue = 0x81; },
+         {{true, 0x303, 0x81}, {true, 0x300, 0}, {true, 0x301, 0}}},
+    };
+    for (const Case& c : cases) {
+        board.BaseAddress = c.what == std::string("the base address") ? 0 : 0x300;
+        board.PortConfigValue = 0x80;
+        t.ports.Clear();
+        screens.onShow = [&] { c.edit(board); };
+        mnuFileConfiguration(s, screens);
+        EXPECT_EQ(t.ports.Writes(), c.writes) << c.what;
+        EXPECT_TRUE(t.timer.enabled) << c.what;
+    }
+}
+
+TEST_F(ConfigurationCommands, AnAddressOfZeroBeforeAndAfterStillCountsAsChanged) {
+    // Control register and value both set but the input port 0 before and after: the set-up
+    // runs again, as it writes nothing to a port of 0.
+    board.InputAddress = 0;
+    mnuFileConfiguration(s, screens);
+    EXPECT_EQ(t.ports.Writes(),
+              (std::vector<SimulatedPorts::Access>{{true, 0x303, 0x80}, {true, 0x300, 0}}));
+    t.ports.Clear();
+    s.modRelay.RunNoBoards = True;  // emulation: the set-up touches nothing
+    mnuFileConfiguration(s, screens);
+    EXPECT_TRUE(t.ports.Writes().empty());
+}
+
+TEST_F(ConfigurationCommands, AfterTheScreensTheMainScreenTakesColoursTitleAndTick) {
+    screens.onShow = [&] {
+        s.modRelay.ColorNameBkgrnd = 0x111111;
+        s.modRelay.ColorTTimeBkgrnd = 0x222222;
+        s.modRelay.ColorRelayGroup[5] = 0x333333;
+        board.BaseAddress = 0;  // no board address left: emulation
+    };
+    mnuFileConfiguration(s, screens);
+    EXPECT_EQ(screens.repaints, 1);
+    EXPECT_EQ((t.screen.back[{Control::txtDisplayName, 7}]), 0x111111);
+    EXPECT_EQ((t.screen.back[{Control::lblTotalTime, 0}]), 0x222222);
+    EXPECT_EQ((t.screen.back[{Control::fraRelayGroup, 5}]), 0x333333);
+    EXPECT_EQ(s.modRelay.RunNoBoards, True);
+    EXPECT_EQ((t.screen.text[{Control::mnuDisplayAddress, 0}]),
+              "Currently Running in Emulation Mode");
+    EXPECT_TRUE(t.timer.enabled);
+    EXPECT_EQ(s.frmRelay.Relay[0].DisplayName, "Relay 1") << "the schedule is not touched";
+}
+
+TEST_F(ConfigurationCommands, RemovalAsksAndCancelLeavesTheTickStopped) {
+    ConfigurationSaveToReg(s);
+    for (Answer answer : {Answer::Cancel, Answer::OK}) {
+        t.timer.enabled = true;
+        t.messages.shown.clear();
+        t.messages.answers = {answer};
+        mnuFileConfigurationRemove(s);
+        // (With no window position stored yet, the layer also tells that it found no key.)
+        ASSERT_EQ(t.messages.shown.size(), answer == Answer::OK ? 3u : 1u);
+        const MessageBoxRequest& box = t.messages.shown[0];
+        EXPECT_EQ(box.Prompt,
+                  "You are about to completely remove all\r\nConfiguration information for "
+                  "Vantrellion\r\n\r\nDo you really want to continue?");
+        EXPECT_EQ(box.Title, "Confirm Removal");
+        EXPECT_EQ(box.ButtonSet, Buttons::OKCancel);
+        EXPECT_EQ(box.DefaultButton, 2);
+        EXPECT_EQ(t.timer.enabled, answer == Answer::OK);
+        EXPECT_EQ(ConfigurationLoadVersionFromReg(s) == REGKEYNOTFOUND, answer == Answer::OK);
+    }
+    EXPECT_EQ(board.BaseAddress, 0x300) << "the running program keeps its configuration";
+}
+
+TEST(LogFilePathChoice, TheChosenDirectoryAlwaysEndsInASeparator) {
+    TestSystem t;
+    EXPECT_FALSE(LogFilePathStartDirectory(t.s).empty());
+    for (const auto& [chosen, stored] :
+         {std::pair{"/var/log", "/var/log/"}, std::pair{"/var/log/", "/var/log/"},
+          std::pair{"/", "/"}}) {
+        SelectLogFilePath(t.s, chosen);
+        EXPECT_EQ(t.s.modRelay.LogFilePath, stored);
+        EXPECT_EQ(LogFilePathStartDirectory(t.s), stored);
+    }
+    SelectLogFilePath(t.s, "");
+    EXPECT_EQ(t.s.modRelay.LogFilePath, "/");
+}
+
+}  // namespace
+}  // namespace vantrellion
