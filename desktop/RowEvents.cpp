@@ -19,14 +19,29 @@ namespace vantrellion {
 
 namespace {
 
-// The key code of a key press as the field events see it: Enter, or the one Latin-1
-// character the key makes; 0 for keys that make none (arrows, Delete, Tab, function keys).
+// The key code of a key press as the field events see it: Enter, Backspace, Escape, or the
+// one printable Latin-1 character the key makes; 0 for keys that make none (arrows, Delete,
+// Tab, function keys, control combinations).
 int KeyAscii(const QKeyEvent& e) {
-    if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) return KeyEnter;
-    if (e.key() == Qt::Key_Tab || e.key() == Qt::Key_Backtab) return 0;
+    switch (e.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return KeyEnter;
+        case Qt::Key_Backspace:
+            return 8;
+        case Qt::Key_Escape:
+            return 27;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+        case Qt::Key_Delete:
+            return 0;
+        default:
+            break;
+    }
     const QString text = e.text();
-    if (text.size() != 1 || text[0].unicode() > 0xFF) return 0;
-    return text[0].unicode();
+    if (text.size() != 1) return 0;
+    const char16_t c = text[0].unicode();
+    return c >= 32 && c != 127 && c <= 0xFF ? c : 0;
 }
 
 // The mouse button by its classic number; the extra buttons count as other buttons.

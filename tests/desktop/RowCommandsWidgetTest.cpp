@@ -1,0 +1,167 @@
+// The row commands on the real main window: clicks and presses on the labels and images, their
+// effect on the record, on the row's controls and on the restart file.
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "mainscreen/RowCommands.h"
+#include "tests/desktop/RowWindowFixture.h"
+
+namespace vantrellion::test {
+namespace {
+
+class RowCommandsWidgetTest : public RowWindowTest {
+  protected:
+    void Click(QWidget* control) { QTest::mouseClick(control, Qt::LeftButton); }
+    void Press(QWidget* control, Qt::MouseButton button) {
+        QTest::mousePress(control, button);
+        QTest::mouseRelease(control, button);
+    }
+    // The four controls that a stop holds.
+    void ExpectHeld(int i, bool held) {
+        EXPECT_EQ(w->txtDayHrEvenOdd[i]->isEnabled(), !held);
+        EXPECT_EQ(w->lblManual[i]->isEnabled(), !held);
+        EXPECT_EQ(w->lblInvert[i]->isEnabled(), !held);
+        EXPECT_EQ(w->lblCounter[i]->isEnabled(), !held);
+    }
+};
+
+TEST_F(RowCommandsWidgetTest, StopThenReleaseKeepsManual) {
+    Click(w->lblManual[2]);
+    EXPECT_EQ(t.relay(2).Manual, True);
+
+    Click(w->imgHardStop[2]);
+    EXPECT_EQ(t.relay(2).HardStop, True);
+    ExpectHeld(2, true);
+    Click(w->lblManual[2]);  // held: the click does not reach the command
+    Press(w->lblCounter[2], Qt::LeftButton);
+    EXPECT_EQ(t.relay(2).Manual, True);
+    EXPECT_EQ(t.relay(2).CounterOn, False);
+    {
+        TestSystem u;
+        ReadRestart(u);
+        EXPECT_EQ(u.relay(2).HardStop, True);
+        EXPECT_EQ(u.relay(2).Manual, True);
+    }
+
+    w->lblTotalTime[2]->setText("> STOP <");
+    Click(w->lblTotalTime[2]);  // the stop text releases the stop
+    EXPECT_EQ(t.relay(2).HardStop, False);
+    EXPECT_EQ(t.relay(2).Manual, True);
+    ExpectHeld(2, false);
+    EXPECT_EQ(w->lblTotalTime[2]->text(), "00:00:00");
+    EXPECT_EQ(t.frm().FileChanged, False);
+    TestSystem u;
+    ReadRestart(u);
+    EXPECT_EQ(u.relay(2).HardStop, False);
+    EXPECT_EQ(u.relay(2).Manual, True);
+}
+
+TEST_F(RowCommandsWidgetTest, TheTotalOfARunningRowAndAMovedAwayClickDoNothing) {
+    Click(w->lblTotalTime[0]);
+    // A press on Manual released over another control is no click.
+    QTest::mousePress(w->lblManual[0], Qt::LeftButton);
+    QTest::mouseRelease(w->lblManual[0], Qt::LeftButton, {}, QPoint(-5, -5));
+    EXPECT_EQ(t.relay(0).HardStop, False);
+    EXPECT_EQ(t.relay(0).Manual, False);
+    EXPECT_FALSE(RestartWritten());
+}
+
+TEST_F(RowCommandsWidgetTest, InvertTogglesExceptOnACyclicRow) {
+    t.SetPair(5, 0, "08:00", "08:20");
+    FillRowsFromRecords(t.s);
+    Click(w->lblInvert[5]);
+    EXPECT_EQ(t.relay(5).Invert, True);
+    Click(w->lblInvert[5]);
+    EXPECT_EQ(t.relay(5).Invert, False);
+    EXPECT_EQ(w->lblTotalTime[5]->text(), "00:20:00");
+
+    Type(w->txtDayHrEvenOdd[5], "5");
+    PressTab(w->txtDayHrEvenOdd[5]);
+    ASSERT_EQ(t.relay(5).DayHrEvenOdd, "5");
+    std::remove(dir.File(RestartFileName).c_str());
+    Click(w->lblInvert[5]);
+    EXPECT_EQ(t.relay(5).Invert, False);
+    EXPECT_FALSE(RestartWritten());
+}
+
+TEST_F(RowCommandsWidgetTest, CounterPressesTellTheButtonsApart) {
+    t.relay(4).Count = 9;
+    struct Step {
+        Qt::MouseButton button;
+        Flag counterOn;
+        const char* caption;
+    } steps[] = {
+        {Qt::RightButton, False, "0"},  // an inactive counter shows "0", not "Counter"
+        {Qt::LeftButton, True, "0"},
+        {Qt::MiddleButton, True, "0"},
+        {Qt::LeftButton, False, "Counter"},
+    };
+    for (const Step& st : steps) {
+        std::remove(dir.File(RestartFileName).c_str());
+        Press(w->lblCounter[4], st.button);
+        EXPECT_EQ(t.relay(4).CounterOn, st.counterOn);
+        EXPECT_EQ(t.relay(4).Count, 0);
+        EXPECT_EQ(w->lblCounter[4]->text().toStdString(), st.caption);
+        EXPECT_TRUE(RestartWritten());
+    }
+    TestSystem u;
+    ReadRestart(u);
+    EXPECT_EQ(u.relay(4).CounterOn, False);
+    EXPECT_EQ(u.relay(4).Count, 0);
+}
+
+TEST_F(RowCommandsWidgetTest, TheIconDialogShowsTheChosenPictureAndKeepsABorrowedPathOnCancel) {
+    QImage picture(16, 16, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const std::string file = dir.File("pump.png");
+    ASSERT_TRUE(picture.save(QString::fromStdString(file)));
+
+    t.dialogs.answers.push_back(file);
+    Click(w->imgIDIcon[1]);
+    ASSERT_EQ(t.dialogs.opened.size(), 1u);
+    EXPECT_EQ(t.dialogs.opened[0].Title, "Select Icon");
+    EXPECT_EQ(t.dialogs.opened[0].Filter, IconDialogFilter);
+    EXPECT_EQ(t.relay(1).IconFile, file);
+    EXPECT_FALSE(w->imgIDIcon[1]->pixmap().isNull());
+    EXPECT_EQ(t.frm().FileChanged, True);
+
+    Click(w->imgIDIcon[7]);  // cancelled
+    ASSERT_EQ(t.dialogs.opened.size(), 2u);
+    EXPECT_EQ(t.dialogs.opened[1].InitialDirectory, dir.Path());
+    EXPECT_EQ(t.dialogs.opened[1].FileName, "pump.png");
+    EXPECT_EQ(t.relay(7).IconFile, file);
+    TestSystem u;
+    ReadRestart(u);
+    EXPECT_EQ(u.relay(1).IconFile, file);
+    EXPECT_EQ(u.relay(7).IconFile, "");  // the cancel wrote nothing
+}
+
+TEST_F(RowCommandsWidgetTest, MouseMovesSetToolTipsOnceAndLabelsEchoTheirCaption) {
+    struct Case {
+        QWidget* control;
+        const char* tip;
+        const char* echo;  // nullptr: the status bar is left alone
+    } cases[] = {
+        {w->lblManual[3], "Manually turn relay ON (will not override \"STOP\")", "> Manual <"},
+        {w->lblInvert[3], "Change state of relay (ON changes to OFF)", "> Invert <"},
+        {w->lblTotalTime[3], "Total Time ON or Method ON", "> 00:00:00 <"},
+        {w->lblCounter[3], "Total Count, Input signal changes to ON", "> Counter <"},
+        {w->imgHardStop[3], "\"STOP\" and RESET this relay, (overrides ALL other settings)",
+         nullptr},
+        {w->imgIDIcon[3], "User selected icon, (32 x 32 & 16 x 16 only)", nullptr},
+    };
+    for (const Case& c : cases) {
+        w->StatusPanel[4]->setText("before");
+        MoveMouseOver(c.control);
+        EXPECT_EQ(c.control->toolTip().toStdString(), c.tip);
+        EXPECT_EQ(Echo(), c.echo ? c.echo : "before");
+    }
+    w->lblManual[3]->setToolTip("changed");
+    MoveMouseOver(w->lblCounter[3]);
+    MoveMouseOver(w->lblManual[3]);
+    EXPECT_EQ(w->lblManual[3]->toolTip(), "changed");
+}
+
+}  // namespace
+}  // namespace vantrellion::test
