@@ -8,6 +8,7 @@
 
 #include "boardio/LibraryPorts.h"
 #include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/ConfigurationCommands.h"
 #include "configuration/clsWin32Version.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
@@ -15,6 +16,7 @@
 #include "core/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
+#include "desktop/ShowConfigForms.h"
 #include "engine/Tick.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "runfile/FileCommands.h"
@@ -36,6 +38,10 @@ VantrellionApp::VantrellionApp(Options o) {
     store_ = std::make_unique<KeyValueStore>(o.machineDirectory + "store.db");
     p.store = store_.get();
     p.configuration = &configurationSaves_;
+    // The start-up check's first run opens the real configuration screens.
+    firstRun_.configuration = [this] { ShowConfigurationForm(s_); };
+    firstRun_.configBoards = [this] { ShowConfigBoardsForm(s_); };
+    firstRun_.configColors = [this] { ShowConfigColorsForm(s_); };
     timer_.SetEnabled(false);
     QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
         RunOrEnd(s_, [this] { CheckTimeTick(s_); });
@@ -124,6 +130,13 @@ void VantrellionApp::WireMenus() {
     w.OnMenu("mnuFileSave", command(&mnuFileSave));
     w.OnMenu("mnuFileSaveAs", command(&mnuFileSaveAs));
     w.OnMenu("mnuFileExit", [&w](int) { w.close(); });
+    w.OnMenu("mnuFileConfiguration", [this](int) {
+        RunCommand(s_, [this] {
+            DesktopConfigurationScreens screens(s_, nullptr, main_.get());
+            mnuFileConfiguration(s_, screens);
+        });
+    });
+    w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) {
         RunOrEnd(s_, [this] { CheckTimeTick(s_); });
     });

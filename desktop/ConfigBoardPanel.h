@@ -1,0 +1,41 @@
+// The board part of the configuration screens: one column per board (the columns of boards 2
+// to 4 present but disabled), the relay names, the log directory and the overlap warning.
+// It only builds and names the controls; the window that holds it handles their events.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QWidget>
+#include <array>
+
+#include "configuration/ConfigScreen.h"
+
+namespace vantrellion {
+
+class ConfigBoardPanel : public QWidget {
+    Q_OBJECT
+  public:
+    explicit ConfigBoardPanel(QWidget* parent = nullptr);
+
+    std::array<QLabel*, BoardSlots> lblBoard{};
+    QLabel *lblChipSetType, *lblBaseAddress, *lblInputAddress, *lblCntlAddress, *lblPortConfig,
+        *lblLoggingYN, *lblResetOnExit, *lblRelayName, *lblLogFilePath;
+    std::array<QComboBox*, BoardSlots> cmbChipSetType{}, cmbBaseAddress{}, cmbInputAddress{},
+        cmbCntlAddress{}, cmbPortConfigValue{};
+    std::array<QCheckBox*, BoardSlots> chkLogBoard{}, chkResetOnExit{};
+    std::array<QLineEdit*, BoardSlots * RelaysPerBoard> txtRelayName{};  // board x 8 + relay
+    QLineEdit* txtLogFilePath;
+    QPushButton* cmdLogFilePathBrowse;
+    QCheckBox* chkWarnOverlapTime;
+
+    QComboBox* AddressComboBox(AddressBox box, int board) const;
+
+    // FormDisableUnusedBoards: the controls of the boards this build does not drive are
+    // disabled, on the background of an inactive border.
+    void DisableUnusedBoards();
+};
+
+}  // namespace vantrellion

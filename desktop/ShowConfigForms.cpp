@@ -1,0 +1,52 @@
+#include "desktop/ShowConfigForms.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "desktop/FirstRunScreens.h"
+#include "desktop/QtConvert.h"
+#include "desktop/frmConfigBoards.h"
+#include "desktop/frmConfigColors.h"
+#include "desktop/frmConfiguration.h"
+#include "desktop/frmLogFilePath.h"
+
+namespace vantrellion {
+
+void ShowConfigurationForm(System& s, ColorChooser* chooser) {
+    frmConfiguration form(s, chooser);
+    form.exec();
+}
+
+void ShowConfigBoardsForm(System& s, ColorChooser* chooser) {
+    frmConfigBoards form(s, chooser);
+    form.exec();
+}
+
+void ShowConfigColorsForm(System& s, ColorChooser* chooser) {
+    frmConfigColors form(s, chooser);
+    form.exec();
+}
+
+void ShowLogFilePathForm(System& s) {
+    frmLogFilePath form(s);
+    form.exec();
+}
+
+int DisplayWidthTwips() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->geometry().width() * TwipsPerPixel : 0;
+}
+
+int DesktopConfigurationScreens::ScreenHeightTwips() {
+    return DisplayHeightTwips();
+}
+
+int DesktopConfigurationScreens::ScreenWidthTwips() {
+    return DisplayWidthTwips();
+}
+
+void DesktopConfigurationScreens::RepaintMainScreen() {
+    if (mainScreen_) mainScreen_->repaint();
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,297 @@
+// The configuration screens as windows on the offscreen platform: real focus changes, keys and
+// clicks on a test system with a store in a scratch directory. Message boxes are the test
+// system's fakes; the colour chooser is answered by a fake through the screens' seam.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <memory>
+
+#include "configuration/clsConfiguration.h"
+#include "configuration/modRegAPI.h"
+#include "desktop/ConfigScreenWindow.h"
+#include "desktop/QtConvert.h"
+#include "support/Fakes.h"
+#include "support/TempStore.h"
+
+namespace vantrellion::test {
+namespace {
+
+class FakeChooser : public ColorChooser {
+  public:
+    std::optional<Color> answer;
+    std::vector<std::pair<QString, Color>> asked;
+    std::optional<Color> Choose(QWidget*, const QString& title, Color start) override {
+        asked.emplace_back(title, start);
+        return answer;
+    }
+};
+
+class ConfigScreenWidgetTest : public ::testing::Test {
+  protected:
+    TestSystem t;
+    TempStore temp{t.s};
+    FakeChooser chooser;
+    std::unique_ptr<ConfigScreenWindow> w;
+
+    // A stored configuration as a Save of the screens leaves it, loaded.
+    void SetUp() override {
+        BoardRecord& b = t.mod().Board[0];
+        b.LogBoard = 1;
+        b.ResetOnExit = 1;
+        t.mod().WarnOverLapTime = False;
+        t.mod().LogFilePath = temp.dir().Slashed();
+        ConfigurationSaveToReg(t.s);
+    }
+    void TearDown() override { w.reset(); }
+
+    void Open(ConfigScreenKind kind = ConfigScreenKind::Configuration) {
+        w = std::make_unique<ConfigScreenWindow>(t.s, kind, &chooser);
+        w->show();
+        QApplication::setActiveWindow(w.get());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(w.get()));
+        t.messages.shown.clear();
+    }
+    ConfigBoardPanel& P() { return *w->Boards; }
+    static QWidget* Focused() { return QApplication::focusWidget(); }
+    static void Focus(QWidget* x) { x->setFocus(Qt::OtherFocusReason); }
+    // Types over the field's whole text, key by key, and leaves it with Tab.
+    static void Enter(QWidget* x, const char* text) {
+        Focus(x);
+        if (auto* c = qobject_cast<QComboBox*>(x)) c->lineEdit()->selectAll();
+        if (auto* e = qobject_cast<QLineEdit*>(x)) e->selectAll();
+        QTest::keyClicks(x, text);
+        QTest::keyClick(x, Qt::Key_Tab);
+    }
+    // Clicks a check box on its box, where a click toggles it.
+    static void ClickBox(QCheckBox* box) {
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
+    }
+    std::string Stored(const std::string& name) {
+        return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
+    }
+};
+
+TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
+    struct Case {
+        AddressBox box;
+        const char* typed;
+        bool accepted;
+        int16_t shared;
+        const char* message;
+    };
+    const char* kAddresses = "Enter Address between Hex 280-3FF (Dec 640-1024)\r\n";
+    const Case cases[] = {
+        {AddressBox::cmbBaseAddress, "280", true, 0x280, nullptr},
+        {AddressBox::cmbBaseAddress, "1FF", false, 0x300, kAddresses},
+        {AddressBox::cmbBaseAddress, "200", true, 0x200, nullptr},
+        {AddressBox::cmbBaseAddress, "400", true, 0x400, nullptr},
+        {AddressBox::cmbBaseAddress, "401", false, 0x300, kAddresses},
+        {AddressBox::cmbBaseAddress, "0", true, 0, nullptr},
+        {AddressBox::cmbPortConfigValue, "100", false, 0,
+         "Enter Address between Hex 0-FF (Dec 0-255)\r\n"},
+        {AddressBox::cmbPortConfigValue, "FF", true, 0xFF, nullptr},
+        {AddressBox::cmbBaseAddress, "3G0", false, 0x300, nullptr},  // not hexadecimal
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
+        t.mod().Board[0].BaseAddress = 0x300;
+        t.mod().Board[0].PortConfigValue = 0;
+        Open();
+        QComboBox* box = P().AddressComboBox(c.box, 0);
+        Enter(box, c.typed);
+        EXPECT_EQ(box->currentText().toStdString(), c.typed);
+        EXPECT_EQ(SharedAddress(t.s, c.box, 0), c.shared);
+        EXPECT_EQ(Focused() == box, !c.accepted) << "a refusal keeps the focus";
+        EXPECT_EQ(w->cmdSave->isEnabled(), c.accepted);
+        ASSERT_EQ(t.messages.shown.size(), c.accepted ? 0u : 1u);
+        if (c.message) {
+            EXPECT_EQ(t.messages.shown[0].Prompt, c.message);
+        } else if (!c.accepted) {
+            EXPECT_EQ(t.messages.shown[0].Title, "Address Entry is not Hexadecimal!");
+        }
+    }
+}
+
+TEST_F(ConfigScreenWidgetTest, ARefusedEntryVoidsTheClickThatLeftIt) {
+    Open();
+    QComboBox* base = P().cmbBaseAddress[0];
+    Focus(base);
+    base->lineEdit()->selectAll();
+    QTest::keyClicks(base, "401");
+    QTest::mouseClick(w->cmdExit, Qt::LeftButton);
+    EXPECT_TRUE(w->isVisible());
+    EXPECT_EQ(Focused(), base);
+    EXPECT_EQ(t.messages.shown.size(), 1u);
+    // Put right, the next click goes through.
+    Enter(base, "300");
+    QTest::mouseClick(w->cmdExit, Qt::LeftButton);
+    EXPECT_FALSE(w->isVisible());
+}
+
+TEST_F(ConfigScreenWidgetTest, ListsGrowAtEachVisitAndAnEmptiedBoxShowsZero) {
+    Open();
+    // The first control has the focus as the screen comes up, and its list is filled.
+    QComboBox* chip = P().cmbChipSetType[0];
+    EXPECT_EQ(Focused(), chip);
+    EXPECT_EQ(chip->count(), 7);
+    EXPECT_EQ(chip->itemText(6), "ACL-7125");
+    QComboBox* base = P().cmbBaseAddress[0];
+    Focus(base);
+    EXPECT_EQ(base->count(), 16);
+    EXPECT_EQ(base->itemText(0), "200");
+    EXPECT_EQ(base->currentText(), "300") << "filling the list leaves the text alone";
+    EXPECT_EQ(base->lineEdit()->selectedText(), "300");
+    Focus(chip);
+    EXPECT_EQ(chip->count(), 14);
+    Focus(base);
+    EXPECT_EQ(base->count(), 32);
+    EXPECT_EQ(P().cmbPortConfigValue[0]->count(), 32);
+
+    base->lineEdit()->selectAll();
+    QTest::keyClick(base, Qt::Key_Delete);
+    EXPECT_EQ(base->currentText(), "0");
+    // Enter moves on as Tab does, and the emptied address is taken as none.
+    QTest::keyClick(base, Qt::Key_Return);
+    EXPECT_EQ(Focused(), P().cmbInputAddress[0]);
+    EXPECT_EQ(t.mod().Board[0].BaseAddress, 0);
+}
+
+TEST_F(ConfigScreenWidgetTest, NamesCheckBoxesAndTheLogPath) {
+    Open();
+    EXPECT_FALSE(w->cmdSave->isEnabled()) << "warning off and nothing changed";
+    Enter(P().txtRelayName[0], "Pump");
+    EXPECT_EQ(t.mod().Board[0].RelayName[0], "Pump");
+    EXPECT_TRUE(w->cmdSave->isEnabled());
+    EXPECT_TRUE(w->Menu("mnuFileSave")->isEnabled());
+
+    ClickBox(P().chkWarnOverlapTime);
+    EXPECT_EQ(t.mod().WarnOverLapTime, True);
+    ClickBox(P().chkLogBoard[0]);
+    EXPECT_EQ(t.mod().Board[0].LogBoard, 0);
+
+    // A typed directory is thrown away when the field is left.
+    Enter(P().txtLogFilePath, "/tmp/elsewhere");
+    EXPECT_EQ(P().txtLogFilePath->text().toStdString(), temp.dir().Slashed());
+    EXPECT_EQ(t.mod().LogFilePath, temp.dir().Slashed());
+
+    EXPECT_FALSE(P().cmbBaseAddress[1]->isEnabled());
+    EXPECT_FALSE(P().txtRelayName[8]->isEnabled());
+    EXPECT_TRUE(P().txtRelayName[7]->isEnabled());
+}
+
+TEST_F(ConfigScreenWidgetTest, SaveStoresTheControlsAndAResetWaitsForIt) {
+    Open();
+    w->Menu("mnuResetNamesDefaults")->trigger();
+    EXPECT_EQ(P().txtRelayName[2]->text(), "Relay: 3");
+    EXPECT_FALSE(w->cmdSave->isEnabled()) << "a reset does not mark the screen changed";
+    EXPECT_EQ(t.mod().Board[0].RelayName[2], "Relay 3");
+    w->Menu("mnuResetAll")->trigger();
+    ASSERT_TRUE(w->cmdSave->isEnabled()) << "the warn box flipped";
+    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+    EXPECT_EQ(Stored("Brd1RNam3"), "Relay: 3");
+    EXPECT_EQ(Stored("ColorNameBkgrnd"), "65535");
+    EXPECT_FALSE(w->cmdSave->isEnabled());
+    EXPECT_TRUE(w->isVisible()) << "the screen stays open";
+}
+
+TEST_F(ConfigScreenWidgetTest, CancelReloadsTheStoreAndCloses) {
+    Open();
+    Enter(P().cmbBaseAddress[0], "280");
+    ASSERT_EQ(t.mod().Board[0].BaseAddress, 0x280);
+    QTest::mouseClick(w->cmdCancel, Qt::LeftButton);
+    EXPECT_EQ(t.mod().Board[0].BaseAddress, 0x300);
+    EXPECT_FALSE(w->isVisible());
+    EXPECT_TRUE(t.messages.shown.empty()) << "no question after Cancel";
+}
+
+TEST_F(ConfigScreenWidgetTest, ClosingWithYesSavesOnlyWhatReachedTheSharedState) {
+    Open();
+    Enter(P().txtRelayName[0], "Pump");
+    chooser.answer = 0x0A0B0C;
+    QTest::mouseClick(w->Colors->cmdSetColorIndicator[1], Qt::LeftButton);
+    EXPECT_EQ(w->Colors->cmdSetColorIndicator[1]->ColorShown(), 0x0A0B0C);
+    t.messages.answers = {Answer::Yes};
+    EXPECT_TRUE(w->close());
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_EQ(t.messages.shown[0].Prompt, "Save File?");
+    EXPECT_EQ(Stored("Brd1RNam1"), "Pump");
+    EXPECT_EQ(Stored("ColorRelayON"), std::to_string(kRelayON)) << "the status colour is lost";
+}
+
+TEST_F(ConfigScreenWidgetTest, ClosingWithCancelKeepsTheScreen) {
+    Open();
+    Enter(P().txtRelayName[0], "Pump");
+    t.messages.answers = {Answer::Cancel};
+    EXPECT_FALSE(w->close());
+    EXPECT_TRUE(w->isVisible());
+    t.messages.answers = {Answer::No};
+    QTest::keyClick(w.get(), Qt::Key_Escape);  // Esc takes the same route
+    EXPECT_FALSE(w->isVisible());
+    EXPECT_EQ(t.mod().Board[0].RelayName[0], "Relay 1") << "No reloads the store";
+}
+
+TEST_F(ConfigScreenWidgetTest, ACancelledColourChoiceChangesNothing) {
+    Open(ConfigScreenKind::ConfigColors);
+    ColorButton* time = w->Colors->cmdSetColorIndicator[3];
+    QTest::mouseClick(time, Qt::LeftButton);
+    ASSERT_EQ(chooser.asked.size(), 1u);
+    EXPECT_EQ(chooser.asked[0].first, "Select Status Color");
+    EXPECT_EQ(chooser.asked[0].second, kTimeON);
+    EXPECT_EQ(time->ColorShown(), kTimeON);
+    EXPECT_FALSE(w->cmdSave->isEnabled());
+    EXPECT_FALSE(w->Model().FormChanged);
+
+    // The menu entry numbered 0 is the button "Group 1 Color", and its colour goes at once.
+    chooser.answer = 0x123456;
+    w->Menu("mnuSetColorGroupBkgrnd", 0)->trigger();
+    EXPECT_EQ(chooser.asked.back().first, "Select Group Background Color");
+    EXPECT_EQ(w->Colors->cmdSetColorGroupBkgrnd[0]->text(), "Group 1 Color");
+    EXPECT_EQ(w->Colors->cmdSetColorGroupBkgrnd[0]->ColorShown(), 0x123456);
+    EXPECT_EQ(t.mod().ColorRelayGroup[0], 0x123456);
+    EXPECT_TRUE(w->cmdSave->isEnabled());
+}
+
+TEST_F(ConfigScreenWidgetTest, TheThreeCutsOfTheDesign) {
+    struct Case {
+        ConfigScreenKind kind;
+        const char* title;
+        bool boards, colors, setColors, resetNames;
+        const char* cancel;
+    };
+    const Case cases[] = {
+        {ConfigScreenKind::Configuration, "Configure", true, true, true, true, "Cancel Changes"},
+        {ConfigScreenKind::ConfigBoards, "Configure Board Address & Logging Options", true, false,
+         false, true, "Cancel"},
+        {ConfigScreenKind::ConfigColors, "Configure Color Preferences", false, true, true, false,
+         "Cancel"},
+    };
+    for (const Case& c : cases) {
+        Open(c.kind);
+        SCOPED_TRACE(c.title);
+        EXPECT_EQ(w->windowTitle(), c.title);
+        EXPECT_EQ(w->Boards != nullptr, c.boards);
+        EXPECT_EQ(w->Colors != nullptr, c.colors);
+        EXPECT_EQ(w->Menu("mnuSetColors")->isVisible(), c.setColors);
+        EXPECT_EQ(w->Menu("mnuResetNamesDefaults")->isVisible(), c.resetNames);
+        EXPECT_EQ(w->cmdCancel->text(), c.cancel);
+        EXPECT_EQ(w->Menu("mnuFileCancel")->text(), "Cancel (Does not Change Configuration)");
+    }
+}
+
+TEST_F(ConfigScreenWidgetTest, ToolTipsComeAtTheFirstMouseMovement) {
+    Open();
+    EXPECT_EQ(P().cmbBaseAddress[0]->toolTip(),
+              "Usually the same as \"Base Address\", see Documentation");
+    QLabel* logging = P().lblLoggingYN;
+    EXPECT_TRUE(logging->toolTip().isEmpty());
+    QTest::mouseMove(w->windowHandle(), logging->mapTo(w.get(), logging->rect().center()));
+    EXPECT_EQ(logging->toolTip(), "Enter Directory where you want log files created");
+    ColorButton* group = w->Colors->cmdSetColorGroupBkgrnd[4];
+    QTest::mouseMove(w->windowHandle(), group->mapTo(w.get(), group->rect().center()));
+    EXPECT_EQ(group->toolTip(), "Choose Backgroung Color For Group 5");
+}
+
+}  // namespace
+}  // namespace vantrellion::test
