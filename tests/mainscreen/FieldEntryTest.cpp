@@ -45,13 +45,6 @@ TEST_F(FieldEntryTest, KeyRulesOfEachKindOfField) {
     }
 }
 
-TEST_F(FieldEntryTest, TwoBlanksInTheCodeFieldMakeANumericCode) {
-    std::string typed;
-    for (int key : {' ', ' '})
-        typed += static_cast<char>(Field_KeyPress(t.s, Control::txtDayHrEvenOdd, 1, key).KeyAscii);
-    EXPECT_EQ(typed, "00");
-}
-
 TEST_F(FieldEntryTest, ChangeReactionsDependOnTheFieldWithTheFocus) {
     struct Case {
         Control field;

@@ -9,49 +9,7 @@
 namespace vantrellion::test {
 namespace {
 
-class RowCommandsTest : public RowTest {
-  protected:
-    bool Enabled(Control c, int i) const { return t.screen.IsEnabled(c, i); }
-    // The four controls that a stop holds.
-    void ExpectHeld(int i, bool held) {
-        for (Control c : {Control::txtDayHrEvenOdd, Control::lblManual, Control::lblInvert,
-                          Control::lblCounter})
-            EXPECT_EQ(Enabled(c, i), !held) << static_cast<int>(c);
-    }
-};
-
-TEST_F(RowCommandsTest, StopAndReleaseHoldTheRowAndKeepItsFlags) {
-    t.relay(3).Manual = True;
-    t.relay(3).CycleStart = 500;
-    t.SetPair(3, 0, "08:00", "10:00");
-
-    imgHardStop_Click(t.s, 3);
-    EXPECT_EQ(t.relay(3).HardStop, True);
-    EXPECT_EQ(t.relay(3).CycleStart, 0);
-    ExpectHeld(3, true);
-    EXPECT_EQ(t.display.totalCaption.count(3), 0u);  // the tick writes "> STOP <"
-    {
-        TestSystem u;
-        ReadRestart(u);
-        EXPECT_EQ(u.relay(3).HardStop, True);
-        EXPECT_EQ(u.relay(3).Manual, True);
-    }
-
-    t.display.totalBack[3] = 0x0000FF;
-    t.relay(3).CycleStart = 500;
-    lblTotalTime_Click(t.s, 3);  // "> STOP <" releases the stop
-    EXPECT_EQ(t.relay(3).HardStop, False);
-    EXPECT_EQ(t.relay(3).CycleStart, 0);
-    EXPECT_EQ(t.relay(3).Manual, True);
-    ExpectHeld(3, false);
-    EXPECT_EQ(t.display.totalCaption[3], "02:00:00");
-    EXPECT_EQ(t.display.totalBack[3], kTTimeBk);
-    EXPECT_EQ(t.frm().FileChanged, False);  // row commands do not ask for a save
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.relay(3).HardStop, False);
-    EXPECT_EQ(u.relay(3).Manual, True);
-}
+class RowCommandsTest : public RowTest {};
 
 TEST_F(RowCommandsTest, TheTotalOfARunningRowIgnoresClicks) {
     t.relay(2).HardStop = 1;  // true is -1 only
@@ -114,40 +72,6 @@ TEST_F(RowCommandsTest, InvertIsIgnoredOnANumericCode) {
     EXPECT_EQ(t.relay(1).Invert, True);
 }
 
-TEST_F(RowCommandsTest, CounterButtons) {
-    t.relay(6).Count = 17;
-    struct Step {
-        int button;
-        Flag counterOn;
-        int16_t count;
-        const char* caption;
-    } steps[] = {
-        {RightButton, False, 0, "0"},  // an inactive counter shows "0", not "Counter"
-        {LeftButton, True, 0, "0"},
-        {LeftButton, False, 0, "Counter"},
-        {MiddleButton, False, 0, "Counter"},
-    };
-    for (const Step& st : steps) {
-        std::remove(dir.File(RestartFileName).c_str());
-        lblCounter_MouseDown(t.s, 6, st.button);
-        EXPECT_EQ(t.relay(6).CounterOn, st.counterOn) << st.button;
-        EXPECT_EQ(t.relay(6).Count, st.count);
-        EXPECT_EQ(t.display.counterCaption[6], st.caption);
-        EXPECT_TRUE(RestartWritten()) << "every button writes the restart file";
-    }
-    // Switching off keeps the count, switching on shows it again.
-    t.relay(6).Count = 42;
-    lblCounter_MouseDown(t.s, 6, LeftButton);
-    EXPECT_EQ(t.display.counterCaption[6], "42");
-    lblCounter_MouseDown(t.s, 6, LeftButton);
-    EXPECT_EQ(t.relay(6).Count, 42);
-    EXPECT_EQ(t.frm().FileChanged, False);
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.relay(6).Count, 42);
-    EXPECT_EQ(u.relay(6).CounterOn, False);
-}
-
 TEST_F(RowCommandsTest, IconDialogStartsFromTheRowTheRunFileOrTheProgram) {
     struct Case {
         const char* rowIcon;
@@ -180,18 +104,6 @@ TEST_F(RowCommandsTest, IconDialogStartsFromTheRowTheRunFileOrTheProgram) {
     }
 }
 
-TEST_F(RowCommandsTest, ARowWithoutIconBorrowsThePathOfTheFirstRowThatHasOne) {
-    t.relay(1).IconFile = "/srv/icons/first.ico";
-    t.relay(4).IconFile = "/srv/other/second.ico";
-    imgIDIcon_Click(t.s, 6);  // cancelled: the copy stays, without a picture
-    ASSERT_EQ(t.dialogs.opened.size(), 1u);
-    EXPECT_EQ(t.dialogs.opened[0].InitialDirectory, "/srv/icons/");
-    EXPECT_EQ(t.dialogs.opened[0].FileName, "first.ico");
-    EXPECT_EQ(t.relay(6).IconFile, "/srv/icons/first.ico");
-    EXPECT_EQ(t.screen.picture.count({Control::imgIDIcon, 6}), 0u);
-    EXPECT_FALSE(RestartWritten());
-}
-
 TEST_F(RowCommandsTest, AChosenIconIsShownStoredAndMarksTheFileChanged) {
     t.screen.unreadable["/srv/broken.gif"] = true;
     for (const char* file : {"/srv/icons/fan.ico", "/srv/broken.gif"}) {
@@ -205,28 +117,6 @@ TEST_F(RowCommandsTest, AChosenIconIsShownStoredAndMarksTheFileChanged) {
         EXPECT_EQ(u.relay(0).IconFile, file);
     }
     EXPECT_EQ((t.screen.picture[{Control::imgIDIcon, 0}]), "/srv/icons/fan.ico");
-}
-
-TEST_F(RowCommandsTest, MouseMovesFetchToolTipsAndLabelsEchoTheirCaption) {
-    struct Case {
-        Control c;
-        const char* tip;
-        bool echoes;
-    } cases[] = {
-        {Control::lblManual, "Manually turn relay ON (will not override \"STOP\")", true},
-        {Control::lblInvert, "Change state of relay (ON changes to OFF)", true},
-        {Control::lblTotalTime, "Total Time ON or Method ON", true},
-        {Control::lblCounter, "Total Count, Input signal changes to ON", true},
-        {Control::imgHardStop, "\"STOP\" and RESET this relay, (overrides ALL other settings)",
-         false},
-        {Control::imgIDIcon, "User selected icon, (32 x 32 & 16 x 16 only)", false},
-    };
-    for (const Case& c : cases) {
-        t.screen.text.clear();
-        EXPECT_EQ(RowControl_MouseMove(t.s, c.c, "> STOP <", ""), c.tip);
-        EXPECT_EQ(t.screen.Text(Control::StatusBar1, 5), c.echoes ? "> > STOP < <" : "");
-        EXPECT_EQ(RowControl_MouseMove(t.s, c.c, "x", "kept"), "kept");
-    }
 }
 
 }  // namespace

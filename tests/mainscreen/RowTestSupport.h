@@ -28,14 +28,6 @@ class RowTest : public ::testing::Test {
         ASSERT_EQ(LoadRunFile(u.s, dir.Path(), RestartFileName, true), RunFileLoaded);
     }
 
-    // The one message shown since the last call, or fails.
-    MessageBoxRequest OnlyMessage() {
-        EXPECT_EQ(t.messages.shown.size(), 1u);
-        MessageBoxRequest r = t.messages.shown.empty() ? MessageBoxRequest{} : t.messages.shown[0];
-        t.messages.shown.clear();
-        return r;
-    }
-
     TempDir dir;
     TestSystem t;
 };

@@ -116,29 +116,6 @@ TEST_F(ValidateFieldsTest, AnUnchangedEntryWritesNothing) {
     EXPECT_TRUE(t.messages.shown.empty());
 }
 
-TEST_F(ValidateFieldsTest, EveryAcceptedChangeReachesTheRestartFile) {
-    std::string name = "Fan (left) #2";  // a name is not checked
-    ASSERT_TRUE(ValidateDisplayName(t.s, 4, name));
-    std::string days = "246";
-    ASSERT_TRUE(ValidateDaysOfWeek(t.s, 4, days));
-    std::string code = "oh";
-    ASSERT_TRUE(ValidateDayHrEvenOdd(t.s, 4, code));
-    std::string start = "9:30 pm", end = "23:15";
-    ASSERT_TRUE(ValidateStartTime(t.s, PairIndex(4, 5), start));
-    ASSERT_TRUE(ValidateEndTime(t.s, PairIndex(4, 5), end));
-    EXPECT_EQ(t.frm().FileChanged, True);
-    EXPECT_TRUE(t.messages.shown.empty());
-    EXPECT_EQ(t.display.totalCaption[4], "00:52:30");
-
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.relay(4).DisplayName, "Fan (left) #2");
-    EXPECT_EQ(u.relay(4).DaysOfWeek, "246");
-    EXPECT_EQ(u.relay(4).DayHrEvenOdd, "OH");
-    EXPECT_EQ(u.frm().StartTime[PairIndex(4, 5)], "9:30 pm");  // kept exactly as typed
-    EXPECT_EQ(u.frm().EndTime[PairIndex(4, 5)], "23:15");
-}
-
 TEST_F(ValidateFieldsTest, TimesAreReadWithTheEngineParserAndCutToEight) {
     struct Case {
         const char* typed;
@@ -225,30 +202,6 @@ TEST_F(ValidateFieldsTest, StartAndEndAreCheckedAgainstEachOtherFromBothSides) {
             EXPECT_TRUE(u.messages.shown.empty());
         }
     }
-}
-
-TEST_F(ValidateFieldsTest, AnEndTimeWithoutStartIsKeptAfterAWarning) {
-    std::string end = "10:00";
-    EXPECT_TRUE(ValidateEndTime(t.s, 12, end));
-    const MessageBoxRequest m = OnlyMessage();
-    EXPECT_EQ(m.Prompt,
-              "Start time Required with End time\r\nTo Remove time-pair...\r\n"
-              "   Remove End time first\r\nTo create Time-pair...\r\n   Enter Start time first");
-    EXPECT_EQ(m.Title, "Unable to Create Restart File!");
-    EXPECT_EQ(m.BoxIcon, Icon::Exclamation);
-    EXPECT_EQ(t.frm().EndTime[12], "10:00");
-    EXPECT_FALSE(PairIsSet(t.frm(), 12));
-    EXPECT_EQ(t.display.totalCaption[2], "00:00:00");
-
-    // A blank start counts as none as well; a bad end text is refused before the warning.
-    t.frm().StartTime[13] = " ";
-    std::string bad = "x";
-    EXPECT_FALSE(ValidateEndTime(t.s, 13, bad));
-    EXPECT_EQ(OnlyMessage().Prompt, kBadTime);
-
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.frm().EndTime[12], "10:00");
 }
 
 TEST_F(ValidateFieldsTest, ClearingOneSideUnsetsThePairSilently) {
