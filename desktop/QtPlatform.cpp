@@ -29,18 +29,18 @@ int32_t QtClock::GetTickCount() {
     return static_cast<int32_t>(static_cast<uint32_t>(ms));
 }
 
-QtCheckTimer::QtCheckTimer(QObject* parent) : timer_(new QTimer(parent)) {
-    timer_->setObjectName("tmrCheckTime");
-    timer_->setInterval(900);
-    timer_->setSingleShot(false);
+QtCheckTimer::QtCheckTimer() {
+    timer_.setObjectName("tmrCheckTime");
+    timer_.setInterval(900);
+    timer_.setSingleShot(false);
 }
 
 void QtCheckTimer::SetEnabled(bool enabled) {
-    if (enabled) timer_->start();
-    else timer_->stop();
+    if (enabled) timer_.start();
+    else timer_.stop();
 }
 
-bool QtCheckTimer::IsEnabled() const { return timer_->isActive(); }
+bool QtCheckTimer::IsEnabled() const { return timer_.isActive(); }
 
 void QtEventPump::ProcessPendingEvents() { QCoreApplication::processEvents(); }
 

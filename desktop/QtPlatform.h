@@ -21,13 +21,13 @@ public:
 // is the gap between the end of one tick and the start of the next.
 class QtCheckTimer : public CheckTimer {
 public:
-    explicit QtCheckTimer(QObject* parent = nullptr);
+    QtCheckTimer();
     void SetEnabled(bool enabled) override;
     bool IsEnabled() const override;
-    QTimer* Timer() { return timer_; }
+    QTimer* Timer() { return &timer_; }
 
 private:
-    QTimer* timer_;
+    QTimer timer_;
 };
 
 // Qt has no query for queued input, so the tick's yield always processes pending events.
