@@ -1,0 +1,266 @@
+// The configuration screens in the program's flows: the first start on an empty store, the
+// small display's two screens, the File menu's commands on a running program, and the log
+// directory chooser behind Browse. Windows are real and modal; message boxes are the fakes of
+// the test support, since answering Qt's boxes is not the point here.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+#include <memory>
+
+#include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/clsConfiguration.h"
+#include "configuration/modRegAPI.h"
+#include "desktop/ShowConfigForms.h"
+#include "desktop/VantrellionApp.h"
+#include "desktop/frmConfigBoards.h"
+#include "desktop/frmConfigColors.h"
+#include "desktop/frmConfiguration.h"
+#include "desktop/frmLogFilePath.h"
+#include "support/Fakes.h"
+#include "support/TempDir.h"
+#include "support/TempStore.h"
+#include "tests/desktop/ModalSteps.h"
+
+namespace vantrellion::test {
+namespace {
+
+const std::string kFirstRun = "You MUST Configure Now";
+
+void Activate(QWidget& w) {
+    QApplication::setActiveWindow(&w);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&w));
+}
+void Click(QAbstractButton* b) {
+    QTest::mouseClick(b, Qt::LeftButton);
+}
+// Types over a field's text and leaves it with Tab.
+void Enter(QWidget* x, const char* text) {
+    x->setFocus(Qt::OtherFocusReason);
+    if (auto* c = qobject_cast<QComboBox*>(x)) c->lineEdit()->selectAll();
+    if (auto* e = qobject_cast<QLineEdit*>(x)) e->selectAll();
+    QTest::keyClicks(x, text);
+    QTest::keyClick(x, Qt::Key_Tab);
+}
+size_t CountPrompts(const FakeMessages& m, const std::string& start) {
+    size_t n = 0;
+    for (const auto& p : m.Prompts())
+        n += p.rfind(start, 0) == 0;
+    return n;
+}
+
+class ProgramConfiguration : public ::testing::Test {
+  protected:
+    TempDir dir;
+    FakeClock clock;
+    SimulatedPorts ports;
+    FakeMessages messages;
+    std::unique_ptr<VantrellionApp> app;
+
+    void SetUp() override { clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2}; }
+    void TearDown() override {
+        if (app && app->MainWindow()) app->MainWindow()->Unload = nullptr;
+        app.reset();
+    }
+    bool Start() {
+        app = std::make_unique<VantrellionApp>(
+            VantrellionApp::Options{dir.Path(), &clock, &ports, &messages, nullptr});
+        return app->Main();
+    }
+    System& Sys() { return app->system(); }
+    std::string Stored(const std::string& name) {
+        return RegReadWithSentinels(Sys(), HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
+    }
+    // A configuration with boards: a control register, so that a set-up writes to the ports.
+    void PrepareStoreWithBoards() {
+        KeyValueStore store(dir.File("store.db"));
+        TestSystem t;
+        t.s.platform.store = &store;
+        t.s.platform.machineDirectory = dir.Path();
+        t.mod().RunNoBoards = False;
+        t.mod().LogFilePath = dir.Path();
+        BoardRecord& b = t.mod().Board[0];
+        b.CntlAddress = 0x303;
+        b.PortConfigValue = 0x80;
+        b.LogBoard = 1;
+        b.ResetOnExit = 1;
+        ConfigurationSaveToReg(t.s);
+    }
+};
+
+TEST_F(ProgramConfiguration, AFirstStartSavedWithAllDefaultsRunsInEmulationWithLogging) {
+    ModalSteps steps;
+    steps.On<frmConfiguration>([](frmConfiguration& w) {
+        Activate(w);
+        EXPECT_TRUE(w.cmdSave->isEnabled()) << "Save is enabled on a first run";
+        Click(w.cmdSave);
+        EXPECT_FALSE(w.cmdSave->isEnabled());
+        Click(w.cmdExit);
+    });
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(steps.Done());
+    EXPECT_EQ(steps.windows, std::vector<std::string>{"frmConfiguration"});
+    EXPECT_EQ(CountPrompts(messages, kFirstRun), 1u) << "the version was stamped: no second ask";
+    EXPECT_EQ(messages.shown.size(), 1u);
+
+    EXPECT_EQ(Stored("ConfigVersion"), ComposeFileVersion());
+    EXPECT_EQ(Stored("LoggingOnOff"), "1");
+    EXPECT_EQ(Stored("RunNoBoards"), "1");
+    EXPECT_EQ(Stored("BaseAddress1"), "768");
+    EXPECT_EQ(Stored("ChipSetType1"), "CBRelay16A");
+    EXPECT_EQ(Stored("LogFilePath"), dir.Path());
+    EXPECT_EQ(Stored("ColorRelayGroup1"), "12648447");
+
+    EXPECT_EQ(Sys().modRelay.RunNoBoards, True);
+    EXPECT_EQ(Sys().modRelay.LoggingOnOff, True);
+    frmRelay& main = *app->MainWindow();
+    EXPECT_TRUE(main.isVisible());
+    EXPECT_TRUE(app->Timer().IsEnabled());
+    EXPECT_EQ(main.Menu("mnuDisplayAddress")->text(), "Currently Running in Emulation Mode");
+    EXPECT_EQ(main.Menu("mnuToolLogging")->text(), "Logging (On)");
+    EXPECT_TRUE(ports.Writes().empty()) << "emulation touches no port";
+}
+
+TEST_F(ProgramConfiguration, FromTheMenuOnlyAChangedAddressSetsTheBoardUp) {
+    PrepareStoreWithBoards();
+    ASSERT_TRUE(Start());
+    frmRelay& main = *app->MainWindow();
+    ports.Clear();
+
+    // A relay name changed and saved: the ports stay alone.
+    ModalSteps steps;
+    steps.On<frmConfiguration>([](frmConfiguration& w) {
+        Activate(w);
+        Enter(w.Boards->txtRelayName[0], "Pump");
+        Click(w.cmdSave);
+        Click(w.cmdExit);
+    });
+    main.Menu("mnuFileConfiguration")->trigger();
+    EXPECT_TRUE(steps.Done());
+    EXPECT_TRUE(ports.Writes().empty());
+    EXPECT_EQ(Stored("Brd1RNam1"), "Pump");
+    EXPECT_EQ(main.txtDisplayName[0]->text(), "Relay 1") << "the schedule keeps its names";
+    EXPECT_TRUE(app->Timer().IsEnabled());
+
+    // The base address changed, the screen left with Yes to "Save File?": one set-up.
+    steps.On<frmConfiguration>([](frmConfiguration& w) {
+        Activate(w);
+        Enter(w.Boards->cmbBaseAddress[0], "280");
+        Click(w.cmdExit);
+    });
+    main.Menu("mnuFileConfiguration")->trigger();
+    EXPECT_TRUE(steps.Done());
+    EXPECT_EQ(ports.Writes(), (std::vector<SimulatedPorts::Access>{
+                                  {true, 0x303, 0x80}, {true, 0x280, 0}, {true, 0x301, 0}}));
+    EXPECT_EQ(Stored("BaseAddress1"), "640");
+    EXPECT_EQ(main.Menu("mnuDisplayAddress")->text(), "   B1@H280");
+    EXPECT_TRUE(app->Timer().IsEnabled());
+}
+
+TEST_F(ProgramConfiguration, RemovalCancelledLeavesTheTickStopped) {
+    PrepareStoreWithBoards();
+    ASSERT_TRUE(Start());
+    messages.shown.clear();
+    messages.answers = {Answer::Cancel};
+    app->MainWindow()->Menu("mnuFileConfigurationRemove")->trigger();
+    ASSERT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.shown[0].Title, "Confirm Removal");
+    EXPECT_FALSE(app->Timer().IsEnabled());
+    EXPECT_EQ(Stored("ConfigVersion"), ComposeFileVersion());
+}
+
+// The display of a small screen, less than 9000 twips high.
+class SmallDisplay : public DesktopConfigurationScreens {
+  public:
+    using DesktopConfigurationScreens::DesktopConfigurationScreens;
+    int ScreenHeightTwips() override { return 8000; }
+};
+
+TEST(SmallDisplayFirstRun, TheColourScreenComesUpBlackAfterTheBoardScreensSave) {
+    TestSystem t;
+    TempStore temp(t.s);
+    t.s.modRelay = ModRelay{};  // nothing loaded yet
+    SmallDisplay screens(t.s);
+    ModalSteps steps;
+    steps.On<frmConfigBoards>([](frmConfigBoards& w) {
+        Activate(w);
+        ASSERT_TRUE(w.cmdSave->isEnabled());
+        Click(w.cmdSave);
+        Click(w.cmdExit);
+    });
+    steps.On<frmConfigColors>([](frmConfigColors& w) {
+        Activate(w);
+        for (ColorButton* b : w.Colors->cmdSetColorIndicator)
+            EXPECT_EQ(b->ColorShown(), 0);
+        for (ColorButton* b : w.Colors->cmdSetColorGroupBkgrnd)
+            EXPECT_EQ(b->ColorShown(), 0);
+        EXPECT_FALSE(w.cmdSave->isEnabled()) << "no check box marks the colour screen changed";
+        Click(w.cmdExit);
+    });
+    ASSERT_TRUE(CheckConfigurationAtStart(t.s, screens));
+    EXPECT_TRUE(steps.Done());
+    EXPECT_EQ(steps.windows, (std::vector<std::string>{"frmConfigBoards", "frmConfigColors"}));
+    const auto stored = [&](const char* name) {
+        return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
+    };
+    EXPECT_EQ(stored("ColorRelayGroup1"), "0");
+    EXPECT_EQ(stored("ColorNameBkgrnd"), "0");
+    EXPECT_EQ(stored("BaseAddress1"), "768");
+    EXPECT_EQ(stored("RunNoBoards"), "1");
+    EXPECT_EQ(CountPrompts(t.messages, kFirstRun), 1u);
+}
+
+class LogDirectoryChooser : public ::testing::Test {
+  protected:
+    TestSystem t;
+    TempStore temp{t.s};
+    TempDir logs;
+    void SetUp() override {
+        QDir(QString::fromStdString(logs.Path())).mkpath("daily");
+        t.mod().LogFilePath = logs.Path();
+        t.mod().Board[0].LogBoard = 1;
+        t.mod().Board[0].ResetOnExit = 1;
+        ConfigurationSaveToReg(t.s);
+    }
+    std::string Daily() const { return logs.Path() + "daily"; }
+};
+
+TEST_F(LogDirectoryChooser, OpensOnTheLogDirectoryAndSelectAddsTheSeparator) {
+    frmLogFilePath w(t.s);
+    EXPECT_EQ(w.windowTitle(), "Select Location  for Log Files");
+    const std::string start = logs.Path().substr(0, logs.Path().size() - 1);
+    EXPECT_EQ(w.ChosenPath, start);
+    EXPECT_EQ(w.Text1->text().toStdString(), start);
+    w.SetDir1Path(QString::fromStdString(Daily()));
+    EXPECT_EQ(w.Text1->text().toStdString(), Daily());
+    Click(w.cmdCancel);
+    EXPECT_EQ(t.mod().LogFilePath, logs.Path()) << "Cancel changes nothing";
+
+    // A directory that has gone: the nearest one that is still there.
+    t.mod().LogFilePath = Daily() + "/gone/";
+    frmLogFilePath v(t.s);
+    EXPECT_EQ(v.ChosenPath, Daily());
+    Click(v.cmdSelect);
+    EXPECT_EQ(t.mod().LogFilePath, Daily() + "/");
+}
+
+TEST_F(LogDirectoryChooser, BrowseTakesTheChosenDirectoryAndMarksTheScreenChanged) {
+    frmConfigBoards w(t.s);
+    w.show();
+    Activate(w);
+    ASSERT_FALSE(w.cmdSave->isEnabled());
+    ModalSteps steps;
+    steps.On<frmLogFilePath>([this](frmLogFilePath& chooser) {
+        chooser.SetDir1Path(QString::fromStdString(Daily()));
+        Click(chooser.cmdSelect);
+    });
+    Click(w.Boards->cmdLogFilePathBrowse);
+    EXPECT_TRUE(steps.Done());
+    EXPECT_EQ(t.mod().LogFilePath, Daily() + "/");
+    EXPECT_EQ(w.Boards->txtLogFilePath->text().toStdString(), Daily() + "/");
+    EXPECT_TRUE(w.cmdSave->isEnabled());
+}
+
+}  // namespace
+}  // namespace vantrellion::test
