@@ -122,6 +122,27 @@ TEST_F(ProgramConfiguration, AFirstStartSavedWithAllDefaultsRunsInEmulationWithL
     EXPECT_TRUE(ports.Writes().empty()) << "emulation touches no port";
 }
 
+TEST_F(ProgramConfiguration, CancelOnAFirstRunAsksAgainFromInsideTheScreen) {
+    ModalSteps steps;
+    steps.On<frmConfiguration>([](frmConfiguration& w) {
+        Activate(w);
+        Click(w.cmdCancel);  // the whole start-up check again, with a further screen
+        EXPECT_FALSE(w.isVisible());
+    });
+    steps.On<frmConfiguration>([](frmConfiguration& w) {
+        Activate(w);
+        Click(w.cmdSave);
+        Click(w.cmdExit);
+    });
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(steps.Done());
+    EXPECT_EQ(steps.windows, (std::vector<std::string>{"frmConfiguration", "frmConfiguration"}));
+    EXPECT_EQ(CountPrompts(messages, kFirstRun), 2u);
+    EXPECT_EQ(messages.shown.size(), 2u) << "the first screen closes without a question";
+    EXPECT_EQ(Stored("ConfigVersion"), ComposeFileVersion());
+    EXPECT_TRUE(app->MainWindow()->isVisible());
+}
+
 TEST_F(ProgramConfiguration, FromTheMenuOnlyAChangedAddressSetsTheBoardUp) {
     PrepareStoreWithBoards();
     ASSERT_TRUE(Start());
