@@ -108,9 +108,6 @@ TEST_F(ProgramConfiguration, AFirstStartSavedWithAllDefaultsRunsInEmulationWithL
     EXPECT_EQ(Stored("LoggingOnOff"), "1");
     EXPECT_EQ(Stored("RunNoBoards"), "1");
     EXPECT_EQ(Stored("BaseAddress1"), "768");
-    EXPECT_EQ(Stored("ChipSetType1"), "CBRelay16A");
-    EXPECT_EQ(Stored("LogFilePath"), dir.Path());
-    EXPECT_EQ(Stored("ColorRelayGroup1"), "12648447");
 
     EXPECT_EQ(Sys().modRelay.RunNoBoards, True);
     EXPECT_EQ(Sys().modRelay.LoggingOnOff, True);
@@ -177,18 +174,6 @@ TEST_F(ProgramConfiguration, FromTheMenuOnlyAChangedAddressSetsTheBoardUp) {
     EXPECT_EQ(Stored("BaseAddress1"), "640");
     EXPECT_EQ(main.Menu("mnuDisplayAddress")->text(), "   B1@H280");
     EXPECT_TRUE(app->Timer().IsEnabled());
-}
-
-TEST_F(ProgramConfiguration, RemovalCancelledLeavesTheTickStopped) {
-    PrepareStoreWithBoards();
-    ASSERT_TRUE(Start());
-    messages.shown.clear();
-    messages.answers = {Answer::Cancel};
-    app->MainWindow()->Menu("mnuFileConfigurationRemove")->trigger();
-    ASSERT_EQ(messages.shown.size(), 1u);
-    EXPECT_EQ(messages.shown[0].Title, "Confirm Removal");
-    EXPECT_FALSE(app->Timer().IsEnabled());
-    EXPECT_EQ(Stored("ConfigVersion"), ComposeFileVersion());
 }
 
 // The display of a small screen, less than 9000 twips high.

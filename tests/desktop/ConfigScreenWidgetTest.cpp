@@ -216,6 +216,9 @@ TEST_F(ConfigScreenWidgetTest, ClosingWithYesSavesOnlyWhatReachedTheSharedState)
     EXPECT_TRUE(w->close());
     ASSERT_EQ(t.messages.shown.size(), 1u);
     EXPECT_EQ(t.messages.shown[0].Prompt, "Save File?");
+    EXPECT_EQ(t.messages.shown[0].Title, "Save?");
+    EXPECT_EQ(t.messages.shown[0].ButtonSet, Buttons::YesNoCancel);
+    EXPECT_EQ(t.messages.shown[0].DefaultButton, 2) << "No is the default";
     EXPECT_EQ(Stored("Brd1RNam1"), "Pump");
     EXPECT_EQ(Stored("ColorRelayON"), std::to_string(kRelayON)) << "the status colour is lost";
 }
@@ -288,9 +291,6 @@ TEST_F(ConfigScreenWidgetTest, ToolTipsComeAtTheFirstMouseMovement) {
     EXPECT_TRUE(logging->toolTip().isEmpty());
     QTest::mouseMove(w->windowHandle(), logging->mapTo(w.get(), logging->rect().center()));
     EXPECT_EQ(logging->toolTip(), "Enter Directory where you want log files created");
-    ColorButton* group = w->Colors->cmdSetColorGroupBkgrnd[4];
-    QTest::mouseMove(w->windowHandle(), group->mapTo(w.get(), group->rect().center()));
-    EXPECT_EQ(group->toolTip(), "Choose Backgroung Color For Group 5");
 }
 
 }  // namespace
