@@ -39,7 +39,8 @@ BENCHMARK(BM_Tick)->Unit(benchmark::kMicrosecond);
 void BM_WaitStepDelay(benchmark::State& state) {
     TestSystem t;
     t.mod().StepDelay = 2000;
-    for (auto _ : state) WaitStepDelay(t.s);
+    for (auto _ : state)
+        WaitStepDelay(t.s);
 }
 BENCHMARK(BM_WaitStepDelay)->Unit(benchmark::kMillisecond);
 

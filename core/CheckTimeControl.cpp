@@ -2,8 +2,12 @@
 
 namespace vantrellion {
 
-void SuspendCheckTime(System& s) { s.timer().SetEnabled(false); }
+void SuspendCheckTime(System& s) {
+    s.timer().SetEnabled(false);
+}
 
-void ResumeCheckTime(System& s) { s.timer().SetEnabled(s.frmRelay.CheckTimeAllowed != 0); }
+void ResumeCheckTime(System& s) {
+    s.timer().SetEnabled(s.frmRelay.CheckTimeAllowed != 0);
+}
 
 }  // namespace vantrellion

@@ -24,7 +24,11 @@ inline constexpr const char* AppTitle = "Vantrellion";
 // "FV.2001.05.01|.b0.r7.t5" in this build.
 std::string ComposeFileVersion();
 
-inline int RecordIndex(int board, int relay) { return board * RelaysPerBoard + relay; }
-inline int PairIndex(int record, int pair) { return record * PairsPerRelay + pair; }
+inline int RecordIndex(int board, int relay) {
+    return board * RelaysPerBoard + relay;
+}
+inline int PairIndex(int record, int pair) {
+    return record * PairsPerRelay + pair;
+}
 
 }  // namespace vantrellion

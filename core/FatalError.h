@@ -10,13 +10,13 @@
 namespace vantrellion {
 
 class FatalError : public std::runtime_error {
-public:
+  public:
     FatalError(int number, const std::string& description, std::string source = "Vantrellion")
         : std::runtime_error(description), number_(number), source_(std::move(source)) {}
     int Number() const { return number_; }
     const std::string& Source() const { return source_; }
 
-private:
+  private:
     int number_;
     std::string source_;
 };
@@ -27,7 +27,9 @@ inline constexpr int ErrSubscript = 9;
 inline constexpr int ErrTypeMismatch = 13;
 inline constexpr int ErrFileNotFound = 53;
 
-[[noreturn]] inline void ThrowOverflow() { throw FatalError(ErrOverflow, "Overflow"); }
+[[noreturn]] inline void ThrowOverflow() {
+    throw FatalError(ErrOverflow, "Overflow");
+}
 
 inline int16_t CheckedInt16(int64_t v) {
     if (v < INT16_MIN || v > INT16_MAX) ThrowOverflow();

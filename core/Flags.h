@@ -10,10 +10,14 @@ using Flag = int16_t;
 inline constexpr Flag True = -1;
 inline constexpr Flag False = 0;
 
-inline constexpr Flag ToFlag(bool b) { return b ? True : False; }
+inline constexpr Flag ToFlag(bool b) {
+    return b ? True : False;
+}
 
 // Colours are 32-bit numbers: blue in the high byte, then green, then red.
 using Color = int32_t;
-inline constexpr Color Rgb(int r, int g, int b) { return r | (g << 8) | (b << 16); }
+inline constexpr Color Rgb(int r, int g, int b) {
+    return r | (g << 8) | (b << 16);
+}
 
 }  // namespace vantrellion

@@ -7,7 +7,7 @@
 namespace vantrellion {
 
 class InstanceLock {
-public:
+  public:
     // Takes the lock "vantrellion.lock" in the directory (created if missing).
     explicit InstanceLock(const std::string& machineDirectory);
     ~InstanceLock();
@@ -17,7 +17,7 @@ public:
     // True when another instance held the lock at construction.
     bool AnotherInstanceRuns() const { return another_; }
 
-private:
+  private:
     int fd_ = -1;
     bool another_ = false;
 };

@@ -15,7 +15,8 @@ std::string DefaultMachineDirectory() {
     } else {
         base = "/tmp";
     }
-    while (base.size() > 1 && base.back() == '/') base.pop_back();
+    while (base.size() > 1 && base.back() == '/')
+        base.pop_back();
     return base + "/vantrellion/";
 }
 

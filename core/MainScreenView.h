@@ -38,7 +38,7 @@ enum class Control {
 };
 
 class MainScreenView {
-public:
+  public:
     virtual ~MainScreenView() = default;
     virtual void SetTitle(const std::string& text) = 0;
     // The text of a field, the caption of a label or menu item, the text of a status panel.

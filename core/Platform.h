@@ -25,7 +25,7 @@ std::string ShortDateText(const DateTime& d);
 std::string TimeText(int secondsOfDay);
 
 class Clock {
-public:
+  public:
     virtual ~Clock() = default;
     virtual DateTime Now() = 0;
     // Milliseconds since boot as a 32-bit number read as signed: it wraps to negative after
@@ -36,21 +36,28 @@ public:
 
 // tmrCheckTime: the 900 ms timer lives in the desktop layer; the core decides when it runs.
 class CheckTimer {
-public:
+  public:
     virtual ~CheckTimer() = default;
     virtual void SetEnabled(bool enabled) = 0;
     virtual bool IsEnabled() const = 0;
 };
 
 class EventPump {
-public:
+  public:
     virtual ~EventPump() = default;
     virtual bool InputPending() = 0;          // keyboard or mouse input is queued
     virtual void ProcessPendingEvents() = 0;  // run all pending events and return
 };
 
 // Message boxes, with the classic button sets, icons and answers.
-enum class Buttons { OK = 0, OKCancel = 1, AbortRetryIgnore = 2, YesNoCancel = 3, YesNo = 4, RetryCancel = 5 };
+enum class Buttons {
+    OK = 0,
+    OKCancel = 1,
+    AbortRetryIgnore = 2,
+    YesNoCancel = 3,
+    YesNo = 4,
+    RetryCancel = 5
+};
 enum class Icon { None = 0, Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
 enum class Answer { OK = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
@@ -58,12 +65,12 @@ struct MessageBoxRequest {
     std::string Prompt;
     Buttons ButtonSet = Buttons::OK;
     Icon BoxIcon = Icon::None;
-    int DefaultButton = 1;  // 1, 2 or 3
+    int DefaultButton = 1;         // 1, 2 or 3
     std::string Title = AppTitle;  // the program's title unless a box names its own
 };
 
 class MessageBoxes {
-public:
+  public:
     virtual ~MessageBoxes() = default;
     virtual Answer Show(const MessageBoxRequest& request) = 0;
 };
@@ -71,7 +78,7 @@ public:
 // What the engine paints on the main screen. Indices are record indices i (rows), pair
 // indices k, or board indices b.
 class RowDisplay {
-public:
+  public:
     virtual ~RowDisplay() = default;
     virtual void SetOnOffLight(int i, Color c) = 0;          // shpOnOffLight: background and fill
     virtual void SetTimePairBackground(int k, Color c) = 0;  // txtStartTime(k) and txtEndTime(k)
@@ -83,8 +90,10 @@ public:
     virtual void SetTotalTimeCaption(int i, const std::string& text) = 0;
     virtual void SetCounterBackground(int i, Color c) = 0;
     virtual void SetCounterCaption(int i, const std::string& text) = 0;
-    virtual void SetStateDisplayCaption(int b, const std::string& text) = 0;  // mnuStateDisplayState
-    virtual void SetInputDisplayCaption(int b, const std::string& text) = 0;  // mnuStateDisplayInput
+    virtual void SetStateDisplayCaption(int b,
+                                        const std::string& text) = 0;  // mnuStateDisplayState
+    virtual void SetInputDisplayCaption(int b,
+                                        const std::string& text) = 0;  // mnuStateDisplayInput
     // The window-level displays of the tick: minimised state, the clock panel of the status
     // bar and the floating time window (created on first use).
     virtual bool IsMinimized() const = 0;
@@ -94,7 +103,7 @@ public:
 
 // The port space, as In8255 and Out8255 see it.
 class Ports {
-public:
+  public:
     virtual ~Ports() = default;
     virtual int16_t In8255(int16_t port) = 0;
     virtual int16_t Out8255(int16_t port, int16_t value) = 0;
@@ -111,7 +120,7 @@ struct FileDialogRequest {
 };
 
 class FileDialogs {
-public:
+  public:
     virtual ~FileDialogs() = default;
     virtual std::optional<std::string> ShowOpen(const FileDialogRequest& request) = 0;
     virtual std::optional<std::string> ShowSave(const FileDialogRequest& request) = 0;
@@ -120,7 +129,7 @@ public:
 // The saves of the configuration store that other subsystems ask for. The store's access
 // layer implements it.
 class ConfigurationStore {
-public:
+  public:
     virtual ~ConfigurationStore() = default;
     virtual void ConfigurationLogFileNameSave() = 0;
     virtual void ConfigurationDataFileNameSave() = 0;

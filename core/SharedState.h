@@ -55,9 +55,9 @@ struct ModRelay {
     Flag LoggingOnOff = 0;
     Flag RunNoBoards = 0;
     Flag WarnOverLapTime = 0;
-    Color ColorRelayON = 0, ColorRelayOFF = 0, ColorTimeON = 0, ColorTimeOFF = 0,
-          ColorManualON = 0, ColorManualOFF = 0, ColorInputON = 0, ColorInputOFF = 0,
-          ColorTTimeBkgrnd = 0, ColorNameBkgrnd = 0;
+    Color ColorRelayON = 0, ColorRelayOFF = 0, ColorTimeON = 0, ColorTimeOFF = 0, ColorManualON = 0,
+          ColorManualOFF = 0, ColorInputON = 0, ColorInputOFF = 0, ColorTTimeBkgrnd = 0,
+          ColorNameBkgrnd = 0;
     std::array<Color, 8> ColorRelayGroup{};
     std::array<BoardRecord, BoardSlots> Board;
 };

@@ -12,6 +12,8 @@ int DisplayHeightTwips() {
     return screen ? screen->geometry().height() * TwipsPerPixel : 0;
 }
 
-int DesktopFirstRunScreens::ScreenHeightTwips() { return DisplayHeightTwips(); }
+int DesktopFirstRunScreens::ScreenHeightTwips() {
+    return DisplayHeightTwips();
+}
 
 }  // namespace vantrellion

@@ -8,7 +8,7 @@
 namespace vantrellion {
 
 class DesktopFirstRunScreens : public FirstRunScreens {
-public:
+  public:
     // The screens come from whoever owns them; a missing one is not shown.
     std::function<void()> configuration, configBoards, configColors;
 

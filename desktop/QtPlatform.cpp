@@ -18,8 +18,8 @@ DateTime QtClock::Now() {
     const QDate d = now.date();
     const QTime t = now.time();
     // Qt counts Monday = 1 to Sunday = 7; the system counts Sunday = 1 to Saturday = 7.
-    return DateTime{d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second(),
-                    d.dayOfWeek() % 7 + 1};
+    return DateTime{
+        d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second(), d.dayOfWeek() % 7 + 1};
 }
 
 int32_t QtClock::GetTickCount() {
@@ -36,13 +36,19 @@ QtCheckTimer::QtCheckTimer() {
 }
 
 void QtCheckTimer::SetEnabled(bool enabled) {
-    if (enabled) timer_.start();
-    else timer_.stop();
+    if (enabled)
+        timer_.start();
+    else
+        timer_.stop();
 }
 
-bool QtCheckTimer::IsEnabled() const { return timer_.isActive(); }
+bool QtCheckTimer::IsEnabled() const {
+    return timer_.isActive();
+}
 
-void QtEventPump::ProcessPendingEvents() { QCoreApplication::processEvents(); }
+void QtEventPump::ProcessPendingEvents() {
+    QCoreApplication::processEvents();
+}
 
 Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
     QMessageBox box;
@@ -50,11 +56,21 @@ Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
     // The system's line breaks are CR LF; Qt wants LF.
     box.setText(Q(r.Prompt).replace("\r\n", "\n"));
     switch (r.BoxIcon) {
-        case Icon::Critical: box.setIcon(QMessageBox::Critical); break;
-        case Icon::Question: box.setIcon(QMessageBox::Question); break;
-        case Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-        case Icon::Information: box.setIcon(QMessageBox::Information); break;
-        case Icon::None: box.setIcon(QMessageBox::NoIcon); break;
+        case Icon::Critical:
+            box.setIcon(QMessageBox::Critical);
+            break;
+        case Icon::Question:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case Icon::Exclamation:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        case Icon::Information:
+            box.setIcon(QMessageBox::Information);
+            break;
+        case Icon::None:
+            box.setIcon(QMessageBox::NoIcon);
+            break;
     }
     struct Choice {
         QMessageBox::StandardButton button;
@@ -62,7 +78,9 @@ Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
     };
     std::vector<Choice> choices;
     switch (r.ButtonSet) {
-        case Buttons::OK: choices = {{QMessageBox::Ok, Answer::OK}}; break;
+        case Buttons::OK:
+            choices = {{QMessageBox::Ok, Answer::OK}};
+            break;
         case Buttons::OKCancel:
             choices = {{QMessageBox::Ok, Answer::OK}, {QMessageBox::Cancel, Answer::Cancel}};
             break;
@@ -84,7 +102,8 @@ Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
             break;
     }
     QMessageBox::StandardButtons all;
-    for (const Choice& c : choices) all |= c.button;
+    for (const Choice& c : choices)
+        all |= c.button;
     box.setStandardButtons(all);
     const size_t def = static_cast<size_t>(std::max(1, r.DefaultButton)) - 1;
     if (def < choices.size()) box.setDefaultButton(choices[def].button);

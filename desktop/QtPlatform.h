@@ -11,7 +11,7 @@
 namespace vantrellion {
 
 class QtClock : public Clock {
-public:
+  public:
     DateTime Now() override;
     // Milliseconds since boot, 32 bits read as signed: wraps negative after 2^31 ms.
     int32_t GetTickCount() override;
@@ -20,30 +20,30 @@ public:
 // tmrCheckTime: a 900 ms single-thread timer. Enabling it restarts the count, so the interval
 // is the gap between the end of one tick and the start of the next.
 class QtCheckTimer : public CheckTimer {
-public:
+  public:
     QtCheckTimer();
     void SetEnabled(bool enabled) override;
     bool IsEnabled() const override;
     QTimer* Timer() { return &timer_; }
 
-private:
+  private:
     QTimer timer_;
 };
 
 // Qt has no query for queued input, so the tick's yield always processes pending events.
 class QtEventPump : public EventPump {
-public:
+  public:
     bool InputPending() override { return true; }
     void ProcessPendingEvents() override;
 };
 
 class QtMessageBoxes : public MessageBoxes {
-public:
+  public:
     Answer Show(const MessageBoxRequest& request) override;
 };
 
 class QtFileDialogs : public FileDialogs {
-public:
+  public:
     std::optional<std::string> ShowOpen(const FileDialogRequest& request) override;
     std::optional<std::string> ShowSave(const FileDialogRequest& request) override;
 };

@@ -43,9 +43,8 @@ VantrellionApp::VantrellionApp(Options o) {
     firstRun_.configBoards = [this] { ShowConfigBoardsForm(s_); };
     firstRun_.configColors = [this] { ShowConfigColorsForm(s_); };
     timer_.SetEnabled(false);
-    QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
-        RunOrEnd(s_, [this] { CheckTimeTick(s_); });
-    });
+    QObject::connect(timer_.Timer(), &QTimer::timeout,
+                     [this] { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
 }
 
 VantrellionApp::~VantrellionApp() {
@@ -137,9 +136,7 @@ void VantrellionApp::WireMenus() {
         });
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
-    w.OnMenu("mnuToolForceCheckTime", [this](int) {
-        RunOrEnd(s_, [this] { CheckTimeTick(s_); });
-    });
+    w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
     w.OnMenu("mnuHelpSplash", [](int) {
         auto* splash = new frmSplash();
         splash->setAttribute(Qt::WA_DeleteOnClose);

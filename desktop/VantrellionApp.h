@@ -18,13 +18,13 @@
 namespace vantrellion {
 
 class VantrellionApp {
-public:
+  public:
     struct Options {
-        std::string machineDirectory;       // with its trailing "/"
-        Clock* clock = nullptr;             // Qt's clock when null
-        Ports* ports = nullptr;             // the port library when null
-        MessageBoxes* messages = nullptr;   // Qt's message boxes when null
-        FileDialogs* dialogs = nullptr;     // Qt's file dialogs when null
+        std::string machineDirectory;      // with its trailing "/"
+        Clock* clock = nullptr;            // Qt's clock when null
+        Ports* ports = nullptr;            // the port library when null
+        MessageBoxes* messages = nullptr;  // Qt's message boxes when null
+        FileDialogs* dialogs = nullptr;    // Qt's file dialogs when null
     };
     explicit VantrellionApp(Options options);
     ~VantrellionApp();
@@ -43,7 +43,7 @@ public:
     // Closes every window that is still open.
     void UnloadAllForms();
 
-private:
+  private:
     void CreateMainScreen();
     void WireMenus();
     void ShowMainErrorMessage(const std::string& description, int number,

@@ -95,7 +95,9 @@ frmRelay::frmRelay(System& s, QWidget* parent) : QMainWindow(parent), s_(s) {
     BuildStatusBar();
 }
 
-frmRelay::~frmRelay() { CloseTimeWindow(); }
+frmRelay::~frmRelay() {
+    CloseTimeWindow();
+}
 
 void frmRelay::BuildRows() {
     auto* central = new QWidget(this);
@@ -202,7 +204,8 @@ void frmRelay::BuildMenus() {
     AddItem(file, "mnuFileConfiguration", "Configuration");
     AddItem(file, "mnuFileConfigurationRemove", "Configuration (Remove)");
     file->addSeparator();
-    for (int n = 0; n < 6; ++n) AddItem(file, "mnuMRUFiles", "", n)->setVisible(false);
+    for (int n = 0; n < 6; ++n)
+        AddItem(file, "mnuMRUFiles", "", n)->setVisible(false);
     AddItem(file, "mnuFileExit", "E&xit");
     QAction* sep6 = file->addSeparator();
     sep6->setObjectName("mnuFileSep6");
@@ -262,9 +265,11 @@ void frmRelay::BuildMenus() {
         board->menuAction()->setData(n);
         menus_.emplace("mnuStateManualBoard", board);
         actions_.emplace("mnuStateManualBoard", board->menuAction());
-        AddItem(board, "mnuStateMan_" + b + "_StepAll", n == 1 ? "Step Thru  All" : "Step Thru All");
+        AddItem(board, "mnuStateMan_" + b + "_StepAll",
+                n == 1 ? "Step Thru  All" : "Step Thru All");
         board->addSeparator();
-        for (int r = 0; r < 8; ++r) AddItem(board, "mnuStateMan_" + b + "_On", QString("On %1").arg(r), r);
+        for (int r = 0; r < 8; ++r)
+            AddItem(board, "mnuStateMan_" + b + "_On", QString("On %1").arg(r), r);
         board->addSeparator();
         for (int r = 0; r < 8; ++r)
             AddItem(board, "mnuStateMan_" + b + "_Off", QString("Off %1").arg(r), r);
@@ -367,8 +372,8 @@ void frmRelay::ApplyRunTimeFonts() {
         int maxLength;
     };
     static const Entry kTable[] = {
-        {"txtStartTime", 7.0, -1}, {"txtEndTime", 7.0, -1},     {"lblInvert", 7.0, -1},
-        {"lblManual", 7.0, -1},    {"txtdaysofweek", 8.0, 9},   {"txtDayHrEvenOdd", 8.0, 2},
+        {"txtStartTime", 7.0, -1}, {"txtEndTime", 7.0, -1},   {"lblInvert", 7.0, -1},
+        {"lblManual", 7.0, -1},    {"txtdaysofweek", 8.0, 9}, {"txtDayHrEvenOdd", 8.0, 2},
         {"StatusBar1", 8.0, 2},
     };
     for (QWidget* w : findChildren<QWidget*>()) {
@@ -386,7 +391,9 @@ void frmRelay::ApplyRunTimeFonts() {
 
 // RowDisplay ------------------------------------------------------------------------------
 
-void frmRelay::SetOnOffLight(int i, Color c) { shpOnOffLight[i]->SetColor(ToQColor(c)); }
+void frmRelay::SetOnOffLight(int i, Color c) {
+    shpOnOffLight[i]->SetColor(ToQColor(c));
+}
 
 void frmRelay::SetTimePairBackground(int k, Color c) {
     SetRoleColor(txtStartTime[k], QPalette::Base, c);
@@ -397,17 +404,27 @@ void frmRelay::SetDayHrEvenOddBackground(int i, Color c) {
     SetRoleColor(txtDayHrEvenOdd[i], QPalette::Base, c);
 }
 
-void frmRelay::SetManualBackground(int i, Color c) { SetRoleColor(lblManual[i], QPalette::Window, c); }
-void frmRelay::SetInvertBackground(int i, Color c) { SetRoleColor(lblInvert[i], QPalette::Window, c); }
-void frmRelay::SetInvertCaption(int i, const std::string& t) { SetCaption(lblInvert[i], t); }
+void frmRelay::SetManualBackground(int i, Color c) {
+    SetRoleColor(lblManual[i], QPalette::Window, c);
+}
+void frmRelay::SetInvertBackground(int i, Color c) {
+    SetRoleColor(lblInvert[i], QPalette::Window, c);
+}
+void frmRelay::SetInvertCaption(int i, const std::string& t) {
+    SetCaption(lblInvert[i], t);
+}
 void frmRelay::SetTotalTimeBackground(int i, Color c) {
     SetRoleColor(lblTotalTime[i], QPalette::Window, c);
 }
-void frmRelay::SetTotalTimeCaption(int i, const std::string& t) { SetCaption(lblTotalTime[i], t); }
+void frmRelay::SetTotalTimeCaption(int i, const std::string& t) {
+    SetCaption(lblTotalTime[i], t);
+}
 void frmRelay::SetCounterBackground(int i, Color c) {
     SetRoleColor(lblCounter[i], QPalette::Window, c);
 }
-void frmRelay::SetCounterCaption(int i, const std::string& t) { SetCaption(lblCounter[i], t); }
+void frmRelay::SetCounterCaption(int i, const std::string& t) {
+    SetCaption(lblCounter[i], t);
+}
 
 void frmRelay::SetStateDisplayCaption(int b, const std::string& t) {
     if (QAction* a = Menu("mnuStateDisplayState", b); a && a->text() != Q(t)) a->setText(Q(t));
@@ -417,9 +434,13 @@ void frmRelay::SetInputDisplayCaption(int b, const std::string& t) {
     if (QAction* a = Menu("mnuStateDisplayInput", b); a && a->text() != Q(t)) a->setText(Q(t));
 }
 
-bool frmRelay::IsMinimized() const { return isMinimized(); }
+bool frmRelay::IsMinimized() const {
+    return isMinimized();
+}
 
-void frmRelay::SetStatusTime(const std::string& t) { SetCaption(StatusPanel[1], t); }
+void frmRelay::SetStatusTime(const std::string& t) {
+    SetCaption(StatusPanel[1], t);
+}
 
 void frmRelay::SetTimeWindowCaption(const std::string& t) {
     if (!frmTime_) {
@@ -447,42 +468,69 @@ void frmRelay::CloseTimeWindow() {
 
 QWidget* frmRelay::Widget(Control c, int index) const {
     switch (c) {
-        case Control::fraRelayGroup: return fraRelayGroup[index];
-        case Control::txtDisplayName: return txtDisplayName[index];
-        case Control::txtDaysOfWeek: return txtDaysOfWeek[index];
-        case Control::txtDayHrEvenOdd: return txtDayHrEvenOdd[index];
-        case Control::txtStartTime: return txtStartTime[index];
-        case Control::txtEndTime: return txtEndTime[index];
-        case Control::shpOnOffLight: return shpOnOffLight[index];
-        case Control::imgIDIcon: return imgIDIcon[index];
-        case Control::imgHardStop: return imgHardStop[index];
-        case Control::lblManual: return lblManual[index];
-        case Control::lblInvert: return lblInvert[index];
-        case Control::lblTotalTime: return lblTotalTime[index];
-        case Control::lblCounter: return lblCounter[index];
-        case Control::StatusBar1: return StatusPanel[std::clamp(index, 1, 5) - 1];
-        default: return nullptr;
+        case Control::fraRelayGroup:
+            return fraRelayGroup[index];
+        case Control::txtDisplayName:
+            return txtDisplayName[index];
+        case Control::txtDaysOfWeek:
+            return txtDaysOfWeek[index];
+        case Control::txtDayHrEvenOdd:
+            return txtDayHrEvenOdd[index];
+        case Control::txtStartTime:
+            return txtStartTime[index];
+        case Control::txtEndTime:
+            return txtEndTime[index];
+        case Control::shpOnOffLight:
+            return shpOnOffLight[index];
+        case Control::imgIDIcon:
+            return imgIDIcon[index];
+        case Control::imgHardStop:
+            return imgHardStop[index];
+        case Control::lblManual:
+            return lblManual[index];
+        case Control::lblInvert:
+            return lblInvert[index];
+        case Control::lblTotalTime:
+            return lblTotalTime[index];
+        case Control::lblCounter:
+            return lblCounter[index];
+        case Control::StatusBar1:
+            return StatusPanel[std::clamp(index, 1, 5) - 1];
+        default:
+            return nullptr;
     }
 }
 
 namespace {
 QString MenuName(Control c) {
     switch (c) {
-        case Control::mnuFileSave: return "mnuFileSave";
-        case Control::mnuToolLogging: return "mnuToolLogging";
-        case Control::mnuToolRunNoBoards: return "mnuToolRunNoBoards";
-        case Control::mnuStateManualBoard: return "mnuStateManualBoard";
-        case Control::mnuStateDisplayState: return "mnuStateDisplayState";
-        case Control::mnuStateDisplayInput: return "mnuStateDisplayInput";
-        case Control::mnuDisplayAddress: return "mnuDisplayAddress";
-        case Control::mnuDev: return "mnuDev";
-        case Control::mnuHelpTimeWin: return "mnuHelpTimeWin";
-        default: return {};
+        case Control::mnuFileSave:
+            return "mnuFileSave";
+        case Control::mnuToolLogging:
+            return "mnuToolLogging";
+        case Control::mnuToolRunNoBoards:
+            return "mnuToolRunNoBoards";
+        case Control::mnuStateManualBoard:
+            return "mnuStateManualBoard";
+        case Control::mnuStateDisplayState:
+            return "mnuStateDisplayState";
+        case Control::mnuStateDisplayInput:
+            return "mnuStateDisplayInput";
+        case Control::mnuDisplayAddress:
+            return "mnuDisplayAddress";
+        case Control::mnuDev:
+            return "mnuDev";
+        case Control::mnuHelpTimeWin:
+            return "mnuHelpTimeWin";
+        default:
+            return {};
     }
 }
 }  // namespace
 
-void frmRelay::SetTitle(const std::string& text) { setWindowTitle(Q(text)); }
+void frmRelay::SetTitle(const std::string& text) {
+    setWindowTitle(Q(text));
+}
 
 void frmRelay::SetText(Control c, int index, const std::string& text) {
     if (QAction* a = Menu(MenuName(c), index); a && !MenuName(c).isEmpty()) {
@@ -490,8 +538,10 @@ void frmRelay::SetText(Control c, int index, const std::string& text) {
         return;
     }
     QWidget* w = Widget(c, index);
-    if (auto* e = qobject_cast<QLineEdit*>(w)) SetFieldText(e, text);
-    else if (auto* l = qobject_cast<QLabel*>(w)) SetCaption(l, text);
+    if (auto* e = qobject_cast<QLineEdit*>(w))
+        SetFieldText(e, text);
+    else if (auto* l = qobject_cast<QLabel*>(w))
+        SetCaption(l, text);
 }
 
 std::string frmRelay::Text(Control c, int index) const {
@@ -505,9 +555,12 @@ std::string frmRelay::Text(Control c, int index) const {
 void frmRelay::SetBackColor(Control c, int index, Color color) {
     QWidget* w = Widget(c, index);
     if (!w) return;
-    if (auto* light = dynamic_cast<OnOffLight*>(w)) light->SetColor(ToQColor(color));
-    else if (qobject_cast<QLineEdit*>(w)) SetRoleColor(w, QPalette::Base, color);
-    else SetRoleColor(w, QPalette::Window, color);
+    if (auto* light = dynamic_cast<OnOffLight*>(w))
+        light->SetColor(ToQColor(color));
+    else if (qobject_cast<QLineEdit*>(w))
+        SetRoleColor(w, QPalette::Base, color);
+    else
+        SetRoleColor(w, QPalette::Window, color);
 }
 
 void frmRelay::SetEnabled(Control c, int index, bool enabled) {
@@ -553,7 +606,9 @@ void frmRelay::LoadResourcePicture(Control c, int index, int resourceId) {
         l->setPixmap(LoadIconResource(resourceId).pixmap(l->size()));
 }
 
-void frmRelay::SetWindowIcon(int resourceId) { setWindowIcon(LoadIconResource(resourceId)); }
+void frmRelay::SetWindowIcon(int resourceId) {
+    setWindowIcon(LoadIconResource(resourceId));
+}
 
 void frmRelay::SetStatusFont(int size, bool bold) {
     QFont f = StatusBar1->font();

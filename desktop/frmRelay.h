@@ -20,21 +20,21 @@ namespace vantrellion {
 
 // shpOnOffLight: a plain filled shape whose background and fill are the relay's colour.
 class OnOffLight : public QWidget {
-public:
+  public:
     explicit OnOffLight(QWidget* parent) : QWidget(parent) {}
     void SetColor(const QColor& c);
     QColor ColorShown() const { return color_; }
 
-protected:
+  protected:
     void paintEvent(QPaintEvent*) override;
 
-private:
+  private:
     QColor color_{Qt::black};
 };
 
 class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     Q_OBJECT
-public:
+  public:
     explicit frmRelay(System& s, QWidget* parent = nullptr);
     ~frmRelay() override;
 
@@ -101,10 +101,10 @@ public:
     std::function<bool()> QueryUnload;
     std::function<void()> Unload;
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* event) override;
 
-private:
+  private:
     void BuildRows();
     void BuildMenus();
     void BuildStatusBar();

@@ -10,9 +10,12 @@
 
 namespace vantrellion {
 
-QString VersionText() { return "Version 2001.5.1"; }
+QString VersionText() {
+    return "Version 2001.5.1";
+}
 
-frmSplash::frmSplash(QWidget* parent) : QDialog(parent, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+frmSplash::frmSplash(QWidget* parent)
+    : QDialog(parent, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
     setObjectName("frmSplash");
     setWindowIcon(LoadIconResource(250));
     setAttribute(Qt::WA_DeleteOnClose, false);
@@ -57,7 +60,8 @@ frmSplash::frmSplash(QWidget* parent) : QDialog(parent, Qt::SplashScreen | Qt::W
 
     // A click on the frame, the logo or any label closes the window like a click on it.
     frame->installEventFilter(this);
-    for (QLabel* l : findChildren<QLabel*>()) l->installEventFilter(this);
+    for (QLabel* l : findChildren<QLabel*>())
+        l->installEventFilter(this);
 }
 
 bool frmSplash::eventFilter(QObject* watched, QEvent* event) {

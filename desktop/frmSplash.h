@@ -9,7 +9,7 @@ namespace vantrellion {
 
 class frmSplash : public QDialog {
     Q_OBJECT
-public:
+  public:
     explicit frmSplash(QWidget* parent = nullptr);
     QLabel* lblCompanyProduct;
     QLabel* lblProductName;
@@ -19,7 +19,7 @@ public:
     QLabel* lblWarning;
     QLabel* imgLogo;
 
-protected:
+  protected:
     void keyPressEvent(QKeyEvent*) override { close(); }
     void mousePressEvent(QMouseEvent*) override { close(); }
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -44,7 +44,8 @@ std::string FormatPortByte(uint8_t byte) {
 
 PortTexts FormatPortBits(const PortBytes& bytes) {
     PortTexts texts;
-    for (size_t b = 0; b < bytes.size(); ++b) texts[b] = FormatPortByte(bytes[b]);
+    for (size_t b = 0; b < bytes.size(); ++b)
+        texts[b] = FormatPortByte(bytes[b]);
     return texts;
 }
 

@@ -56,9 +56,14 @@ void UpdateRelayOutputs(System& s) {
             }
             if (rec.Invert != 0 && rec.Invert != -1) continue;
             switch (Resolve(rec.OldState, rec.NewState, rec.Invert == -1)) {
-                case Write::On: SetRelayOn(s, b, r); break;
-                case Write::Off: SetRelayOff(s, b, r); break;
-                case Write::Nothing: break;
+                case Write::On:
+                    SetRelayOn(s, b, r);
+                    break;
+                case Write::Off:
+                    SetRelayOff(s, b, r);
+                    break;
+                case Write::Nothing:
+                    break;
                 case Write::Fault:
                     s.Message({"Error Did Not Evaluate Old / New State Correctly"});
                     break;

@@ -27,20 +27,20 @@ void ShowClock(System& s) {
 }  // namespace
 
 void CheckTimeTick(System& s) {
-    SuspendCheckTime(s);                               // 1
-    YieldToQueuedInput(s);                             // 2
-    CheckTimePairs(s);                                 // 3
-    UpdateRelayOutputs(s);                             // 4
-    const PortBytes relayBytes = ReadRelayPorts(s);    // 5
-    const PortBytes inputBytes = ReadInputPorts(s);    // 6
-    ShowRelayStates(s, relayBytes);                    // 7
-    ShowInputStates(s, inputBytes);                    // 8
+    SuspendCheckTime(s);                                      // 1
+    YieldToQueuedInput(s);                                    // 2
+    CheckTimePairs(s);                                        // 3
+    UpdateRelayOutputs(s);                                    // 4
+    const PortBytes relayBytes = ReadRelayPorts(s);           // 5
+    const PortBytes inputBytes = ReadInputPorts(s);           // 6
+    ShowRelayStates(s, relayBytes);                           // 7
+    ShowInputStates(s, inputBytes);                           // 8
     const PortTexts relayTexts = FormatPortBits(relayBytes);  // 9
     const PortTexts inputTexts = FormatPortBits(inputBytes);  // 10
-    ShowStateTexts(s, relayTexts, inputTexts);         // 11
-    WriteStateLog(s, relayTexts, inputTexts);          // 12
-    ShowClock(s);                                      // 13
-    ResumeCheckTime(s);                                // 14
+    ShowStateTexts(s, relayTexts, inputTexts);                // 11
+    WriteStateLog(s, relayTexts, inputTexts);                 // 12
+    ShowClock(s);                                             // 13
+    ResumeCheckTime(s);                                       // 14
 }
 
 void RefreshNow(System& s) {

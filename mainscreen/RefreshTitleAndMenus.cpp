@@ -28,26 +28,29 @@ void RefreshTitleAndMenus(System& s) {
 
     v.SetTitle(MainScreenTitle(s));  // 1
 
-    v.SetEnabled(Control::mnuFileSave, 0,  // 2
-                 s.frmRelay.AutoRestarted == 0 && !m.DataFilePath.empty() &&
-                     !m.DataFileName.empty());
+    v.SetEnabled(
+        Control::mnuFileSave, 0,  // 2
+        s.frmRelay.AutoRestarted == 0 && !m.DataFilePath.empty() && !m.DataFileName.empty());
 
     if (m.LoggingOnOff == -1) {  // 3
         v.SetText(Control::mnuToolLogging, 0, "Logging (On)");
         v.SetChecked(Control::mnuToolLogging, 0, true);
-        if (m.LogFilePath.empty() || m.LogFilePath == " ") m.LogFilePath = s.platform.machineDirectory;
+        if (m.LogFilePath.empty() || m.LogFilePath == " ")
+            m.LogFilePath = s.platform.machineDirectory;
     } else {
         v.SetText(Control::mnuToolLogging, 0, "Logging (Off)");
         v.SetChecked(Control::mnuToolLogging, 0, false);
     }
 
     bool anyBoard = false;
-    for (const BoardRecord& b : m.Board) anyBoard = anyBoard || b.BaseAddress != 0;
+    for (const BoardRecord& b : m.Board)
+        anyBoard = anyBoard || b.BaseAddress != 0;
     if (m.RunNoBoards == 0 && anyBoard) {  // 4
         m.RunNoBoards = False;
         v.SetChecked(Control::mnuToolRunNoBoards, 0, false);
         v.SetText(Control::mnuToolRunNoBoards, 0, "Emulation Mode (Currently Running with Boards)");
-        for (int n = 0; n < BoardSlots; ++n) v.SetEnabled(Control::mnuStateDisplayInput, n, true);
+        for (int n = 0; n < BoardSlots; ++n)
+            v.SetEnabled(Control::mnuStateDisplayInput, n, true);
         std::string address;
         for (int b = 0; b <= LastBoard; ++b)
             address += "   B" + std::to_string(b + 1) + "@H" + HexUpper(m.Board[b].BaseAddress);
@@ -58,7 +61,8 @@ void RefreshTitleAndMenus(System& s) {
         v.SetChecked(Control::mnuToolRunNoBoards, 0, true);
         v.SetText(Control::mnuToolRunNoBoards, 0,
                   "Emulation Mode (Currently Running in Emulation Mode)");
-        for (int n = 0; n < BoardSlots; ++n) v.SetEnabled(Control::mnuStateDisplayInput, n, false);
+        for (int n = 0; n < BoardSlots; ++n)
+            v.SetEnabled(Control::mnuStateDisplayInput, n, false);
     }
 
     if (RunningInIDE() != 0) {  // 6

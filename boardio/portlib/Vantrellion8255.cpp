@@ -2,10 +2,11 @@
 // /dev/port, opened once at the first call, one byte per access at the offset of the port.
 // When the port space cannot be opened, reads give 0 and writes are dropped; errno is left
 // at the cause after each such call so that the program can tell the user why.
-#include <cerrno>
-#include <cstdint>
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
 
 #include "boardio/Port8255.h"
 
@@ -23,7 +24,9 @@ int PortSpace() {
 }
 
 // Port numbers are 16-bit: a negative value stands for the upper half of the port space.
-off_t Offset(int16_t port) { return static_cast<off_t>(static_cast<uint16_t>(port)); }
+off_t Offset(int16_t port) {
+    return static_cast<off_t>(static_cast<uint16_t>(port));
+}
 
 }  // namespace
 

@@ -37,7 +37,7 @@ TEST(ResetRelayRecords, NewScheduleLeavesTotalsAndSpareRecord) {
 }
 
 class LifecycleTest : public ::testing::Test {
-protected:
+  protected:
     TestSystem t;
     TempDir dir;
     void SetUp() override {

@@ -15,12 +15,12 @@
 namespace vantrellion::test {
 
 class ModalAnswerer {
-public:
+  public:
     struct Seen {
         QString title, text;
     };
-    std::vector<Seen> boxes;             // every message box met, in order
-    std::vector<QString> dialogTitles;   // every file dialog met
+    std::vector<Seen> boxes;            // every message box met, in order
+    std::vector<QString> dialogTitles;  // every file dialog met
 
     ModalAnswerer() {
         timer_.setInterval(5);
@@ -36,11 +36,12 @@ public:
     bool Done() const { return script_.empty(); }
     std::vector<std::string> Texts() const {
         std::vector<std::string> out;
-        for (const Seen& s : boxes) out.push_back(s.text.toStdString());
+        for (const Seen& s : boxes)
+            out.push_back(s.text.toStdString());
         return out;
     }
 
-private:
+  private:
     enum class Kind { Box, File };
     struct Step {
         Kind kind;
@@ -58,8 +59,10 @@ private:
                 b = script_.front().button;
                 script_.pop_front();
             }
-            if (QAbstractButton* button = box->button(b)) button->click();
-            else box->done(QMessageBox::Cancel);
+            if (QAbstractButton* button = box->button(b))
+                button->click();
+            else
+                box->done(QMessageBox::Cancel);
         } else if (auto* dialog = qobject_cast<QFileDialog*>(modal)) {
             dialogTitles.push_back(dialog->windowTitle());
             std::optional<QString> path;

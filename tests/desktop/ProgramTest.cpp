@@ -21,7 +21,7 @@ namespace vantrellion::test {
 namespace {
 
 class ProgramTest : public ::testing::Test {
-protected:
+  protected:
     TempDir dir;
     FakeClock clock;
     SimulatedPorts ports;
@@ -155,8 +155,10 @@ TEST_F(ProgramTest, OpenOfAnOldVersionThenSaveWritesTheCurrentVersion) {
     PrepareStore();
     std::string old = "FV.2001.02.29\r\n 1 \r\n";
     for (int i = 0; i < 8; ++i) {
-        old += "Pump " + std::to_string(i) + "\r\n246\r\nEO\r\n 0 \r\n 0 \r\n 1 \r\n 12 \r\n 0 \r\n\r\n";
-        for (int p = 0; p < 6; ++p) old += p == 0 ? "08:00\r\n15:00\r\n" : "\r\n\r\n";
+        old += "Pump " + std::to_string(i) +
+               "\r\n246\r\nEO\r\n 0 \r\n 0 \r\n 1 \r\n 12 \r\n 0 \r\n\r\n";
+        for (int p = 0; p < 6; ++p)
+            old += p == 0 ? "08:00\r\n15:00\r\n" : "\r\n\r\n";
     }
     dir.Write("old.run", old);
     ASSERT_TRUE(Start());

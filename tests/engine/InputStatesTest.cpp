@@ -15,7 +15,7 @@ TEST(FormatPortBits, DigitsForSetBitsDashesOtherwise) {
 }
 
 class InputStatesTest : public ::testing::Test {
-protected:
+  protected:
     TestSystem t;
     void Read(uint8_t byte) { ShowInputStates(t.s, PortBytes{byte}); }
 };

@@ -9,7 +9,7 @@ namespace vantrellion::test {
 namespace {
 
 class RelayStatesTest : public ::testing::Test {
-protected:
+  protected:
     TestSystem t;
     void SetUp() override {
         t.frm().CheckTimeAllowed = True;
@@ -39,12 +39,15 @@ TEST_F(RelayStatesTest, PrecedenceOfStopManualDayPairAndInvert) {
         t.relay(r).Manual = c.manual;
         t.relay(r).Invert = c.invert;
         t.relay(r).DaysOfWeek = c.dayMatches ? "2" : "7";
-        if (c.pairFits) t.SetPair(r, 0, "09:00", "11:00");
-        else t.SetPair(r, 0, "11:00", "12:00");
+        if (c.pairFits)
+            t.SetPair(r, 0, "09:00", "11:00");
+        else
+            t.SetPair(r, 0, "11:00", "12:00");
     }
     CheckTimeTick(t.s);
     CheckTimeTick(t.s);  // stable from the second tick on as well
-    for (int r = 0; r < 8; ++r) EXPECT_EQ(RelayOn(r), cases[r].on) << "case " << r;
+    for (int r = 0; r < 8; ++r)
+        EXPECT_EQ(RelayOn(r), cases[r].on) << "case " << r;
 
     // The two cases that did not fit in the eight rows.
     TestSystem u;
@@ -54,7 +57,8 @@ TEST_F(RelayStatesTest, PrecedenceOfStopManualDayPairAndInvert) {
     u.SetPair(0, 0, "11:00", "12:00");
     u.relay(1).DaysOfWeek = "2";
     u.SetPair(1, 0, "11:00", "12:00");
-    for (int n = 0; n < 2; ++n) CheckTimeTick(u.s);
+    for (int n = 0; n < 2; ++n)
+        CheckTimeTick(u.s);
     EXPECT_EQ(u.ports.bytes[0x300] & 3, 1);
 }
 

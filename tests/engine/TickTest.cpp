@@ -11,7 +11,7 @@ namespace vantrellion::test {
 namespace {
 
 class TickTest : public ::testing::Test {
-protected:
+  protected:
     TestSystem t;
     void SetUp() override {
         t.frm().CheckTimeAllowed = True;
@@ -90,8 +90,8 @@ TEST_F(TickTest, RefreshNowShowsPortsWithoutEvaluatingOrWriting) {
     CheckTimeTick(t.s);
     t.ports.Clear();
     SuspendCheckTime(t.s);
-    t.relay(5).Manual = True;         // would turn relay 5 on in a tick
-    t.ports.bytes[0x300] = 0x81;      // a State command or another program changed the port
+    t.relay(5).Manual = True;     // would turn relay 5 on in a tick
+    t.ports.bytes[0x300] = 0x81;  // a State command or another program changed the port
     t.ports.bytes[0x301] = 0x01;
     RefreshNow(t.s);
     EXPECT_FALSE(t.timer.enabled);

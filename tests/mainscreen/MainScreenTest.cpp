@@ -12,7 +12,7 @@ namespace vantrellion::test {
 namespace {
 
 class MainScreenTest : public ::testing::Test {
-protected:
+  protected:
     TestSystem t;
     TempDir dir;
     void SetUp() override { t.s.platform.machineDirectory = dir.Path(); }
@@ -46,7 +46,8 @@ TEST_F(MainScreenTest, EmulationRuleAndAddressReadOut) {
     EXPECT_TRUE((t.screen.enabled[{Control::mnuStateDisplayInput, 0}]));
 
     // No board address at all forces emulation whatever the flag says.
-    for (auto& b : t.mod().Board) b.BaseAddress = 0;
+    for (auto& b : t.mod().Board)
+        b.BaseAddress = 0;
     RefreshTitleAndMenus(t.s);
     EXPECT_EQ(t.mod().RunNoBoards, True);
     EXPECT_EQ(Text(Control::mnuDisplayAddress), "Currently Running in Emulation Mode");
@@ -92,8 +93,8 @@ TEST_F(MainScreenTest, RowsFilledFromRecords) {
     EXPECT_EQ(Text(Control::txtStartTime, PairIndex(1, 0)), "08:00");
     EXPECT_EQ(t.relay(1).TotalTime, "01:30:00");
     EXPECT_EQ(Text(Control::lblTotalTime, 2), "Manual");
-    for (Control c : {Control::txtDayHrEvenOdd, Control::lblManual, Control::lblInvert,
-                      Control::lblCounter}) {
+    for (Control c :
+         {Control::txtDayHrEvenOdd, Control::lblManual, Control::lblInvert, Control::lblCounter}) {
         EXPECT_FALSE(t.screen.IsEnabled(c, 4));
         EXPECT_TRUE(t.screen.IsEnabled(c, 3));
     }

@@ -13,16 +13,21 @@ Answer FakeMessages::Show(const MessageBoxRequest& r) {
     }
     switch (r.ButtonSet) {
         case Buttons::YesNo:
-        case Buttons::YesNoCancel: return Answer::Yes;
-        case Buttons::AbortRetryIgnore: return Answer::Abort;
-        case Buttons::RetryCancel: return Answer::Retry;
-        default: return Answer::OK;
+        case Buttons::YesNoCancel:
+            return Answer::Yes;
+        case Buttons::AbortRetryIgnore:
+            return Answer::Abort;
+        case Buttons::RetryCancel:
+            return Answer::Retry;
+        default:
+            return Answer::OK;
     }
 }
 
 std::vector<std::string> FakeMessages::Prompts() const {
     std::vector<std::string> out;
-    for (const auto& r : shown) out.push_back(r.Prompt);
+    for (const auto& r : shown)
+        out.push_back(r.Prompt);
     return out;
 }
 
@@ -60,7 +65,8 @@ TestSystem::TestSystem() {
     b.InputAddress = 0x301;
     b.LogBoard = True;
     b.ResetOnExit = True;
-    for (int r = 0; r < RelaysPerBoard; ++r) b.RelayName[r] = "Relay " + std::to_string(r + 1);
+    for (int r = 0; r < RelaysPerBoard; ++r)
+        b.RelayName[r] = "Relay " + std::to_string(r + 1);
     // Monday 16 November 2026, midnight.
     clock.now = DateTime{2026, 11, 16, 0, 0, 0, 2};
     ResetRelayRecords(s);

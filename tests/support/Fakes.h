@@ -8,8 +8,8 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <utility>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/SharedState.h"
@@ -17,7 +17,7 @@
 namespace vantrellion::test {
 
 class FakeClock : public Clock {
-public:
+  public:
     DateTime now;
     int32_t tick = 1000;
     DateTime Now() override { return now; }
@@ -38,7 +38,7 @@ public:
 };
 
 class FakeTimer : public CheckTimer {
-public:
+  public:
     bool enabled = true;
     int changes = 0;
     void SetEnabled(bool e) override {
@@ -49,7 +49,7 @@ public:
 };
 
 class FakePump : public EventPump {
-public:
+  public:
     bool pending = false;
     int processed = 0;
     std::function<void()> onProcess;  // a command that runs in the yield
@@ -62,7 +62,7 @@ public:
 };
 
 class FakeMessages : public MessageBoxes {
-public:
+  public:
     std::vector<MessageBoxRequest> shown;
     std::deque<Answer> answers;  // answered in order; OK (or the first button) when empty
     Answer Show(const MessageBoxRequest& r) override;
@@ -70,7 +70,7 @@ public:
 };
 
 class RecordingDisplay : public RowDisplay {
-public:
+  public:
     std::map<int, Color> light, pairBack, codeBack, manualBack, invertBack, totalBack, counterBack;
     std::map<int, std::string> invertCaption, totalCaption, counterCaption, stateCaption,
         inputCaption;
@@ -86,7 +86,9 @@ public:
     void SetInvertBackground(int i, Color c) override { ++paints, invertBack[i] = c; }
     void SetInvertCaption(int i, const std::string& t) override { ++paints, invertCaption[i] = t; }
     void SetTotalTimeBackground(int i, Color c) override { ++paints, totalBack[i] = c; }
-    void SetTotalTimeCaption(int i, const std::string& t) override { ++paints, totalCaption[i] = t; }
+    void SetTotalTimeCaption(int i, const std::string& t) override {
+        ++paints, totalCaption[i] = t;
+    }
     void SetCounterBackground(int i, Color c) override { ++paints, counterBack[i] = c; }
     void SetCounterCaption(int i, const std::string& t) override {
         ++paints, counterCaption[i] = t;
@@ -108,13 +110,13 @@ public:
 // The main screen without a window: remembers the last text, colour, enabled, checked and
 // visible state of every control, and the pictures loaded.
 class RecordingScreen : public MainScreenView {
-public:
+  public:
     using Key = std::pair<Control, int>;
     std::string title;
     std::map<Key, std::string> text;
     std::map<Key, Color> back;
     std::map<Key, bool> enabled, checked, visible;
-    std::map<Key, std::string> picture;  // file path, "res:<id>", or "" when cleared
+    std::map<Key, std::string> picture;      // file path, "res:<id>", or "" when cleared
     std::map<std::string, bool> unreadable;  // picture files that fail to load
     int statusFontSize = 8;
     bool statusFontBold = false;
@@ -153,7 +155,7 @@ public:
 
 // Answers the file dialogs from a script: each entry is a chosen file, or nullopt for Cancel.
 class FakeDialogs : public FileDialogs {
-public:
+  public:
     std::vector<FileDialogRequest> opened, saved;
     std::deque<std::optional<std::string>> answers;
     std::optional<std::string> ShowOpen(const FileDialogRequest& r) override {
@@ -165,7 +167,7 @@ public:
         return Next();
     }
 
-private:
+  private:
     std::optional<std::string> Next() {
         if (answers.empty()) return std::nullopt;
         auto a = answers.front();
@@ -177,7 +179,7 @@ private:
 // A port space of 64 Ki bytes. Every port latches what was last written to it, unless it is
 // marked stuck (writes are recorded but do not stick). Every access is recorded in order.
 class SimulatedPorts : public Ports {
-public:
+  public:
     struct Access {
         bool write;
         int16_t port;
