@@ -387,16 +387,23 @@ int64_t KeyValueStore::InsertKeyWithParents(RegRoot root, const std::string& pat
     return id;
 }
 
+bool KeyValueStore::LookUpKey(RegRoot root, const std::string& path, int64_t& id) {
+    id = -1;
+    if (!EnsureOpen() || !db_) return false;
+    int rc = SQLITE_OK;
+    id = FindKey(root, path, rc);
+    if (rc != SQLITE_OK) {
+        NoteFailure(rc);
+        return false;
+    }
+    return true;
+}
+
 StoreStatus KeyValueStore::KeyExists(RegRoot root, const std::string& keyPath) {
     const std::string path = NormaliseKeyPath(keyPath);
     if (path.empty()) return StoreStatus::Ok;  // a root always exists
-    if (!EnsureOpen() || !db_) return StoreStatus::Failed;
-    int rc = SQLITE_OK;
-    const int64_t id = FindKey(root, path, rc);
-    if (rc != SQLITE_OK) {
-        NoteFailure(rc);
-        return StoreStatus::Failed;
-    }
+    int64_t id = -1;
+    if (!LookUpKey(root, path, id)) return StoreStatus::Failed;
     return id < 0 ? StoreStatus::KeyNotFound : StoreStatus::Ok;
 }
 
@@ -413,13 +420,8 @@ StoreStatus KeyValueStore::QueryValue(RegRoot root, const std::string& keyPath,
                                       const std::string& name, StoredValue& out) {
     out = StoredValue{};
     const std::string path = NormaliseKeyPath(keyPath);
-    if (!EnsureOpen() || !db_) return StoreStatus::Failed;
-    int rc = SQLITE_OK;
-    const int64_t id = FindKey(root, path, rc);
-    if (rc != SQLITE_OK) {
-        NoteFailure(rc);
-        return StoreStatus::Failed;
-    }
+    int64_t id = -1;
+    if (!LookUpKey(root, path, id)) return StoreStatus::Failed;
     if (id < 0) return path.empty() ? StoreStatus::ValueNotFound : StoreStatus::KeyNotFound;
     Statement query(db_, "SELECT type, data FROM \"values\" WHERE key_id = ?1 AND name = ?2");
     if (!query.Prepared()) {
@@ -428,7 +430,7 @@ StoreStatus KeyValueStore::QueryValue(RegRoot root, const std::string& keyPath,
     }
     query.Bind(1, id);
     query.Bind(2, name);
-    rc = query.Step();
+    const int rc = query.Step();
     if (rc == SQLITE_DONE) return StoreStatus::ValueNotFound;
     if (rc != SQLITE_ROW) {
         NoteFailure(rc);
@@ -545,13 +547,8 @@ StoreStatus KeyValueStore::ValueNames(RegRoot root, const std::string& keyPath,
                                       std::vector<std::string>& names) {
     names.clear();
     const std::string path = NormaliseKeyPath(keyPath);
-    if (!EnsureOpen() || !db_) return StoreStatus::Failed;
-    int rc = SQLITE_OK;
-    const int64_t id = FindKey(root, path, rc);
-    if (rc != SQLITE_OK) {
-        NoteFailure(rc);
-        return StoreStatus::Failed;
-    }
+    int64_t id = -1;
+    if (!LookUpKey(root, path, id)) return StoreStatus::Failed;
     if (id < 0) return path.empty() ? StoreStatus::Ok : StoreStatus::KeyNotFound;
     Statement list(db_, "SELECT name FROM \"values\" WHERE key_id = ?1 ORDER BY name");
     if (!list.Prepared()) {
@@ -559,6 +556,7 @@ StoreStatus KeyValueStore::ValueNames(RegRoot root, const std::string& keyPath,
         return StoreStatus::Failed;
     }
     list.Bind(1, id);
+    int rc = SQLITE_OK;
     while ((rc = list.Step()) == SQLITE_ROW)
         names.push_back(ColumnText(list.get(), 0));
     if (rc != SQLITE_DONE) {

@@ -98,6 +98,9 @@ class KeyValueStore {
     template <typename Body>
     StoreStatus Write(Body body);
     int64_t FindKey(RegRoot root, const std::string& path, int& rc);
+    // The id of a key for a read, -1 when it does not exist; false (and noted) when the
+    // database cannot be asked.
+    bool LookUpKey(RegRoot root, const std::string& path, int64_t& id);
     int64_t InsertKeyWithParents(RegRoot root, const std::string& path, int& rc);
 
     std::string filePath_;

@@ -32,6 +32,16 @@ void RemoveTheRestartFile(System& s) {
     RemoveRestartFile(s, s.platform.machineDirectory, RestartFileName);
 }
 
+// The common end of New and Open: the relays let go, the new schedule in the restart file,
+// and the tick back on.
+void HandOverToTheNewSchedule(System& s) {
+    ResetAllRelays(s);
+    s.frmRelay.RestartDisabled = False;
+    s.frmRelay.FileChanged = False;
+    SaveRestartFile(s);
+    ResumeCheckTime(s);
+}
+
 }  // namespace
 
 int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string& FileName) {
@@ -74,11 +84,7 @@ void mnuFileNew(System& s) {
     ResetRowVisuals(s);
     FillRowsFromRecords(s);
     RefreshTitleAndMenus(s);
-    ResetAllRelays(s);
-    f.RestartDisabled = False;
-    f.FileChanged = False;
-    SaveRestartFile(s);
-    ResumeCheckTime(s);
+    HandOverToTheNewSchedule(s);
 }
 
 void mnuFileOpen(System& s) {
@@ -119,11 +125,7 @@ void mnuFileOpen(System& s) {
     FillRowsFromRecords(s);
     LoadRowIcons(s, true);
     RefreshTitleAndMenus(s);
-    ResetAllRelays(s);
-    f.RestartDisabled = False;
-    f.FileChanged = False;
-    SaveRestartFile(s);
-    ResumeCheckTime(s);
+    HandOverToTheNewSchedule(s);
 }
 
 void mnuFileSave(System& s) {
