@@ -46,11 +46,9 @@ TEST(PortInitBoard, WritesTheControlRegisterThenDropsTheDataPorts) {
     for (const Case& c : cases) {
         TestSystem t;
         t.mod().RunNoBoards = c.runNoBoards;
-        t.ports.bytes[kBase] = 0x55;
         EXPECT_EQ(PortInitBoard(t.s, c.base, c.input, c.cntl, c.config, 0, 0), 0) << c.name;
         // Never a read; without a write of the control register the data ports stay as they are.
         EXPECT_THAT(t.ports.log, ElementsAreArray(c.writes)) << c.name;
-        EXPECT_EQ(t.frm().EmulatedPort[0], 0) << c.name;
     }
 }
 
@@ -67,10 +65,8 @@ TEST(PortInitBoard, InitAllBoardsSetsUpTheDrivenBoardsOnly) {
     t.ports.Clear();
     InitBoard(t.s, 1, 0);  // the configuration screen may still set up a stored board
     EXPECT_THAT(t.ports.log, ElementsAre(W(0x313, 0x80), W(0x310, 0), W(kInput, 0)));
-}
 
-TEST(PortInitBoard, AControlValueOutsideAByteIsAFatalOverflow) {
-    TestSystem t;
+    // A control value outside a byte ends the program.
     try {
         PortInitBoard(t.s, kBase, kInput, kCntl, 300, 0, 0);
         ADD_FAILURE() << "no overflow";
@@ -79,24 +75,33 @@ TEST(PortInitBoard, AControlValueOutsideAByteIsAFatalOverflow) {
     }
 }
 
+// Board 0's relays set or cleared one by one in relay order, starting from the byte v: a
+// read of the port and a write back for each.
+std::vector<Access> BitByBit(int v, bool on) {
+    std::vector<Access> log;
+    for (int r = 0; r < 8; ++r) {
+        log.push_back(R(kBase, static_cast<int16_t>(v)));
+        v = on ? v | 1 << r : v & ~(1 << r);
+        log.push_back(W(kBase, static_cast<int16_t>(v)));
+    }
+    return log;
+}
+
 // Exit runs ResetAllRelays and then ClearOutputPorts, in both modes and with either setting
 // of ResetOnExit; New runs ResetAllRelays alone, so it makes no final write.
 TEST(BoardReset, AtExitAndNewInTheFourCombinationsOfModeAndResetOnExit) {
     struct Case {
-        const char* name;
-        Flag runNoBoards;
-        Flag resetOnExit;
+        Flag runNoBoards, resetOnExit;
         bool relaysCleared;     // the relays (real or emulated) go off, CycleStart cleared
         bool finalWriteOfZero;  // Out8255(BaseAddress, 0) goes to the real port
-    };
-    const Case cases[] = {
-        {"real, no reset", False, 0, false, false},
-        {"real, reset", False, True, true, true},
-        {"real, reset set to 1 by a Tool command", False, 1, true, true},
-        {"emulation, no reset", True, 0, true, false},
-        {"emulation, reset", True, True, true, true},
+    } cases[] = {
+        {False, 0, false, false}, {False, True, true, true},
+        {False, 1, true, true},  // 1, as the Tool commands set it
+        {True, 0, true, false},   {True, True, true, true},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message()
+                     << "emulation " << c.runNoBoards << " reset " << c.resetOnExit);
         TestSystem t;
         t.mod().RunNoBoards = c.runNoBoards;
         t.mod().Board[0].ResetOnExit = c.resetOnExit;
@@ -106,53 +111,36 @@ TEST(BoardReset, AtExitAndNewInTheFourCombinationsOfModeAndResetOnExit) {
             t.relay(i).CycleStart = 1234;
 
         ResetAllRelays(t.s);
-        const size_t accessesAtNew = t.ports.log.size();
-        ClearOutputPorts(t.s);
-
         std::vector<Access> expected;
-        if (c.relaysCleared && c.runNoBoards == 0) {
-            // Bit by bit, in relay order: a read and a write each.
-            int v = 0xA5;
-            for (int r = 0; r < 8; ++r) {
-                expected.push_back(R(kBase, static_cast<int16_t>(v)));
-                v &= ~(1 << r);
-                expected.push_back(W(kBase, static_cast<int16_t>(v)));
-            }
-        }
-        EXPECT_EQ(accessesAtNew, expected.size()) << c.name;
+        if (c.relaysCleared && c.runNoBoards == 0) expected = BitByBit(0xA5, false);
+        EXPECT_THAT(t.ports.log, ElementsAreArray(expected));  // all that New does
+        ClearOutputPorts(t.s);
         if (c.finalWriteOfZero) expected.push_back(W(kBase, 0));
-        EXPECT_THAT(t.ports.log, ElementsAreArray(expected)) << c.name;
+        EXPECT_THAT(t.ports.log, ElementsAreArray(expected));
 
-        if (c.runNoBoards != 0) {
-            EXPECT_EQ(t.frm().EmulatedPort[0], 0) << c.name;
-        } else {
-            EXPECT_EQ(t.frm().EmulatedPort[0], 0x5A) << c.name;
-            EXPECT_EQ(t.ports.bytes[kBase], c.relaysCleared ? 0 : 0xA5) << c.name;
+        const bool emulated = c.runNoBoards != 0;
+        EXPECT_EQ(t.frm().EmulatedPort[0], emulated ? 0 : 0x5A);
+        if (!emulated) {
+            EXPECT_EQ(t.ports.bytes[kBase], c.relaysCleared ? 0 : 0xA5);
         }
         for (int i = 0; i < 8; ++i)
-            EXPECT_EQ(t.relay(i).CycleStart, c.relaysCleared ? 0 : 1234) << c.name << " " << i;
+            EXPECT_EQ(t.relay(i).CycleStart, c.relaysCleared ? 0 : 1234) << i;
     }
 }
 
-TEST(BoardReset, ClearOutputPortsWritesEvenABaseOfZero) {
+// The final write goes out even to a base of 0; a board beyond the build's last is never
+// touched, whatever its ResetOnExit.
+TEST(BoardReset, ClearOutputPortsWritesEvenABaseOfZeroAndUndrivenBoardsStayAlone) {
     for (Flag runNoBoards : {False, True}) {
         TestSystem t;
         t.mod().RunNoBoards = runNoBoards;
         t.mod().Board[0].BaseAddress = 0;
-        t.mod().Board[1].ResetOnExit = True;  // not a driven board: never written
+        t.mod().Board[1].ResetOnExit = True;
         t.mod().Board[1].BaseAddress = 0x310;
+        ResetAllRelays(t.s);
         ClearOutputPorts(t.s);
         EXPECT_THAT(t.ports.log, ElementsAre(W(0, 0))) << runNoBoards;
     }
-}
-
-TEST(BoardReset, ResetAllRelaysLeavesUndrivenBoardsAlone) {
-    TestSystem t;
-    t.mod().Board[0].ResetOnExit = False;
-    t.mod().Board[1].ResetOnExit = True;
-    t.mod().Board[1].BaseAddress = 0x310;
-    ResetAllRelays(t.s);
-    EXPECT_THAT(t.ports.log, IsEmpty());
 }
 
 TEST(BoardReset, SetAllRelaysTurnsEveryRelayOnInOrder) {
@@ -160,14 +148,7 @@ TEST(BoardReset, SetAllRelaysTurnsEveryRelayOnInOrder) {
     for (int i = 0; i < 9; ++i)
         t.relay(i).CycleStart = 77;
     SetAllRelays(t.s);
-    std::vector<Access> expected;
-    int v = 0;
-    for (int r = 0; r < 8; ++r) {
-        expected.push_back(R(kBase, static_cast<int16_t>(v)));
-        v |= 1 << r;
-        expected.push_back(W(kBase, static_cast<int16_t>(v)));
-    }
-    EXPECT_THAT(t.ports.log, ElementsAreArray(expected));
+    EXPECT_THAT(t.ports.log, ElementsAreArray(BitByBit(0, true)));
     for (int i = 0; i < 8; ++i)
         EXPECT_EQ(t.relay(i).CycleStart, 0);
     EXPECT_EQ(t.relay(8).CycleStart, 77);  // the spare record is never reached

@@ -19,77 +19,49 @@ class RowTotalsTest : public ::testing::Test {
     // Fills row i with the code and pairs; the rest of its pairs are unset.
     void Fill(int i, const char* code, const Pairs& pairs) {
         t.relay(i).DayHrEvenOdd = code;
-        for (int p = 0; p < 6; ++p)
-            t.SetPair(i, p, "", "");
-        for (size_t p = 0; p < pairs.size(); ++p) {
-            t.SetPair(i, static_cast<int>(p), pairs[p].first, pairs[p].second);
+        for (int p = 0; p < 6; ++p) {
+            const bool given = p < static_cast<int>(pairs.size());
+            t.SetPair(i, p, given ? pairs[p].first : "", given ? pairs[p].second : "");
         }
     }
 };
 
 TEST_F(RowTotalsTest, TotalsTextAndCaption) {
+    const Pairs wholeDays(6, {"0:00", "23:59:59"});
+    // Top, middle and bottom of the hour, each from its own pair, then a plain pair.
+    const Pairs threeHours = {
+        {"09:10", "11:00"}, {"09:15", "11:25"}, {"09:50", "11:00"}, {"12:00", "12:30"}};
     struct Case {
         const char* code;
         Pairs pairs;
-        const char* total;
-        const char* caption;
+        const char *total, *caption;
     } cases[] = {
-        {"EO", {}, "00:00:00", "00:00:00"},
         {"EO", {{" ", "10:00"}, {"09:00", ""}}, "00:00:00", "00:00:00"},
-        {"EO", {{"08:00", "15:00"}}, "07:00:00", "07:00:00"},
+        {"EO", {{"08:00", "15:00"}, {"10:00", "09:00"}}, "07:00:00", "07:00:00"},
         {"  ", {{"8:00 am", "3:30 pm"}}, "07:30:00", "07:30:00"},
+        // Halves round ties to even: 1.5, 2.5 and 3.5 seconds.
         {"EH", {{"09:00:00", "09:00:03"}}, "00:00:02", "00:00:02"},
         {"ES", {{"09:00:00", "09:00:05"}}, "00:00:02", "00:00:02"},
         {"OM", {{"09:00:00", "09:00:07"}, {"10:00", "11:00"}}, "00:30:04", "00:30:04"},
+        // The sum may pass a day; the caption says so, the text keeps the figure.
         {"EO", {{"00:00", "13:00"}, {"06:00", "18:00"}}, "25:00:00", "Over24hr"},
-        {"EO",
-         {{"00:00", "12:00"}, {"12:00", "23:59:59"}, {"0:00", "0:00:01"}},
-         "24:00:00",
-         "24:00:00"},
-        {"EO",
-         {{"00:00", "12:00"}, {"12:00", "23:59:59"}, {"0:00", "0:00:02"}},
-         "24:00:01",
-         "Over24hr"},
-        {"EO",
-         {{"0:00", "23:59:59"},
-          {"0:00", "23:59:59"},
-          {"0:00", "23:59:59"},
-          {"0:00", "23:59:59"},
-          {"0:00", "23:59:59"},
-          {"0:00", "23:59:59"}},
-         "143:59:54",
-         "Over24hr"},
-        {"EO", {{"10:00", "09:00"}}, "00:00:00", "00:00:00"},
+        {"EO", {{"00:00", "23:59:59"}, {"0:00", "0:00:01"}}, "24:00:00", "24:00:00"},
+        {"EO", wholeDays, "143:59:54", "Over24hr"},
         // Codes that only select days count as plain pairs.
-        {"OD", {{"09:30", "14:00"}}, "04:30:00", "04:30:00"},
         {"SS", {{"08:00", "12:00"}, {"13:00", "14:00"}}, "05:00:00", "05:00:00"},
-        {"TH", {{"09:10", "18:00"}}, "01:30:00", "01:30:00"},
+        // The hour methods apply to the first pair only.
         {"TH", {{"09:10", "18:00"}, {"19:00", "20:00"}}, "02:30:00", "02:30:00"},
         {"BH", {{"09:50", "18:00"}}, "01:30:00", "01:30:00"},
         {"MH", {{"09:15", "18:25"}}, "01:40:00", "01:40:00"},
         {"5", {{"08:00", "09:00"}}, "00:30:00", "00:30:00"},
-        {"3H",
-         {{"09:10", "11:00"}, {"09:15", "11:25"}, {"09:50", "11:00"}, {"12:00", "12:30"}},
-         "01:40:00",
-         "01:40:00"},
+        {"-1", {{"08:00", "08:00:10"}}, "00:-06:00", "00:-06:00"},  // signs kept in the text
+        {"3H", threeHours, "01:40:00", "01:40:00"},
     };
     for (const auto& c : cases) {
         Fill(2, c.code, c.pairs);
         RefreshRowTotal(t.s, PairIndex(2, 4));
         EXPECT_EQ(t.relay(2).TotalTime, c.total) << '"' << c.code << '"';
         EXPECT_EQ(t.display.totalCaption[2], c.caption) << '"' << c.code << '"';
-    }
-}
-
-TEST_F(RowTotalsTest, HalfRoundsTiesToEven) {
-    struct Case {
-        const char* end;
-        int32_t half;
-    } cases[] = {{"09:00:00", 0}, {"09:00:01", 0}, {"09:00:02", 1}, {"09:00:03", 2},
-                 {"09:00:05", 2}, {"09:00:07", 4}, {"09:00:09", 4}, {"10:00:00", 1800}};
-    for (const auto& c : cases) {
-        t.SetPair(0, 0, "09:00:00", c.end);
-        EXPECT_EQ(PairSecondsHalf(t.s, 0), c.half) << c.end;
     }
 }
 
@@ -128,11 +100,9 @@ TEST_F(RowTotalsTest, CyclicCountsOnPeriodsAndThePartBeyondTheEnd) {
         const char *start, *end;
         int32_t seconds;
     } cases[] = {
-        {5, "08:00", "09:00", 1800},  // twelve periods, six on
-        {5, "08:00", "08:05", 300},   // one period ending on the end
-        {5, "08:00", "08:02", 180},   // the part of the period beyond the end
-        {5, "08:00", "08:12", 480},   // on 300, off 300, on: 300 - 120 beyond
-        {7, "08:00", "08:07", 420},
+        {5, "08:00", "08:05", 300},       // one period ending on the end
+        {5, "08:00", "08:02", 180},       // the part of the period beyond the end
+        {5, "08:00", "08:12", 480},       // on 300, off 300, on: 300 - 120 beyond
         {0, "08:00", "08:00:10", 0},      // no progress: the round limit ends it
         {-1, "08:00", "08:00:10", -360},  // eleven rounds, six on, of -60 each
         {5, "09:00", "08:00", 0},
@@ -142,12 +112,6 @@ TEST_F(RowTotalsTest, CyclicCountsOnPeriodsAndThePartBeyondTheEnd) {
         EXPECT_EQ(PairSecondsCyclic(t.s, c.minutes, 0), c.seconds)
             << c.minutes << " " << c.start << "-" << c.end;
     }
-}
-
-TEST_F(RowTotalsTest, NegativeTotalKeepsItsSignsInTheText) {
-    Fill(0, "-1", {{"08:00", "08:00:10"}});
-    RefreshRowTotal(t.s, 0);
-    EXPECT_EQ(t.relay(0).TotalTime, "00:-06:00");
 }
 
 TEST_F(RowTotalsTest, UnreadableTimeEndsTheProgram) {
