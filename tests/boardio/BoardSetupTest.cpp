@@ -21,12 +21,9 @@ constexpr int16_t kBase = 0x300;
 constexpr int16_t kInput = 0x301;
 constexpr int16_t kCntl = 0x303;
 
-Access R(int16_t port, int16_t v) {
-    return {false, port, v};
-}
-Access W(int16_t port, int16_t v) {
-    return {true, port, v};
-}
+// A read or a write of a port, and the value that went through.
+const auto R = [](int16_t port, int v) { return Access{false, port, static_cast<int16_t>(v)}; };
+const auto W = [](int16_t port, int v) { return Access{true, port, static_cast<int16_t>(v)}; };
 
 TEST(PortInitBoard, WritesTheControlRegisterThenDropsTheDataPorts) {
     struct Case {
@@ -80,9 +77,9 @@ TEST(PortInitBoard, InitAllBoardsSetsUpTheDrivenBoardsOnly) {
 std::vector<Access> BitByBit(int v, bool on) {
     std::vector<Access> log;
     for (int r = 0; r < 8; ++r) {
-        log.push_back(R(kBase, static_cast<int16_t>(v)));
+        log.push_back(R(kBase, v));
         v = on ? v | 1 << r : v & ~(1 << r);
-        log.push_back(W(kBase, static_cast<int16_t>(v)));
+        log.push_back(W(kBase, v));
     }
     return log;
 }

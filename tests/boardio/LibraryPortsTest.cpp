@@ -51,50 +51,42 @@ TEST_F(LoaderTest, TheRelayOperationsReachTheLibraryAndNothingIsSaid) {
     EXPECT_THAT(t.messages.shown, IsEmpty());
 }
 
-// Nothing is loaded before the first access, and nothing is said while the program runs
-// without boards; then the user is told once and the ports go quiet.
-TEST_F(LoaderTest, MissingLibraryIsToldOnceWhenTheBoardsAreTurnedOn) {
-    const std::string path = dir.File("libVantrellion.so");
-    runNoBoards = True;
-    LibraryPorts ports(path, messages, runNoBoards);
-    ports.Out8255(0x300, 0);  // the final write at exit goes out in emulation too
-    ports.In8255(0x300);
-    EXPECT_THAT(messages.shown, IsEmpty());
-
-    runNoBoards = False;
-    EXPECT_EQ(ports.In8255(0x300), 0);
-    ASSERT_EQ(messages.shown.size(), 1u);
-    const MessageBoxRequest& box = messages.shown[0];
-    EXPECT_THAT(box.Prompt, HasSubstr("libVantrellion.so was not found"));
-    EXPECT_THAT(box.Prompt, HasSubstr(path));
-    EXPECT_THAT(box.Prompt, HasSubstr("in the folder " + fs::path(path).parent_path().string()));
-    EXPECT_THAT(box.Prompt, HasSubstr("every port reads 0 and writes are dropped"));
-    EXPECT_EQ(box.ButtonSet, Buttons::OK);
-    EXPECT_EQ(box.Title, "Vantrellion");
-
-    EXPECT_EQ(ports.Out8255(0x300, 0xFF), 0);
-    EXPECT_EQ(ports.In8255(0x300), 0);
-    EXPECT_EQ(messages.shown.size(), 1u);
-    EXPECT_TRUE(ports.Unavailable());
-}
-
-TEST_F(LoaderTest, DamagedLibraryOrOneWithoutThePortFunctions) {
+// A library that is missing, damaged or without the port functions. Nothing is loaded before
+// the first access, and nothing is said while the program runs without boards; then the user
+// is told once, and every port reads 0 and takes no write.
+TEST_F(LoaderTest, AnUnusableLibraryIsToldOnceWhenTheBoardsAreTurnedOn) {
+    const std::string missing = dir.File("missing/libVantrellion.so");
+    const std::string damaged = dir.File("libVantrellion.so");
     dir.Write("libVantrellion.so", "this is not a shared library\n");
-    struct {
+    const struct {
         std::string path;
         std::vector<std::string> says;
     } cases[] = {
-        {dir.File("libVantrellion.so"), {"could not be loaded", dir.File("libVantrellion.so")}},
+        {missing,
+         {"libVantrellion.so was not found", missing, "in the folder " + dir.File("missing"),
+          "every port reads 0 and writes are dropped"}},
+        {damaged, {"could not be loaded", damaged}},
         {"libc.so.6", {"does not have the functions In8255 and Out8255"}},
     };
     for (const auto& c : cases) {
         test::FakeMessages box;
+        runNoBoards = True;
         LibraryPorts ports(c.path, box, runNoBoards);
-        EXPECT_EQ(ports.Out8255(0x300, 1), 0);
-        EXPECT_EQ(ports.In8255(0x300), 0);
+        ports.Out8255(0x300, 0);  // the final write at exit goes out in emulation too
+        ports.In8255(0x300);
+        EXPECT_THAT(box.shown, IsEmpty()) << c.path;
+
+        runNoBoards = False;
+        for (int n = 0; n < 2; ++n) {
+            EXPECT_EQ(ports.Out8255(0x300, 0xFF), 0);
+            EXPECT_EQ(ports.In8255(0x300), 0);
+        }
+        EXPECT_TRUE(ports.Unavailable());
         ASSERT_EQ(box.shown.size(), 1u) << c.path;
         for (const std::string& text : c.says)
             EXPECT_THAT(box.shown[0].Prompt, HasSubstr(text));
+        EXPECT_EQ(box.shown[0].ButtonSet, Buttons::OK);
+        EXPECT_EQ(box.shown[0].Title, "Vantrellion");
     }
 }
 

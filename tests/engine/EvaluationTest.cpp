@@ -225,6 +225,8 @@ TEST_F(EvaluationTest, PlainPairIsStrictAtBothEnds) {
     }
 }
 
+// Two equal pairs 09:00-12:00. The codes are exact and case-sensitive: anything else makes a
+// plain pair. On Sunday the weekend codes hold back the first pair only.
 TEST_F(EvaluationTest, CodesOfDayHourMinuteSecondAndWeekend) {
     struct Case {
         const char* code;
@@ -232,22 +234,13 @@ TEST_F(EvaluationTest, CodesOfDayHourMinuteSecondAndWeekend) {
         const char* now;
         int16_t firstPair, secondPair;
     } cases[] = {
-        {"ED", 16, 2, "09:30:00", 1, 1},
-        {"OH", 1, 2, "09:30:00", 1, 1},
-        {"OH", 1, 2, "10:30:00", 0, 0},
-        {"EM", 1, 2, "10:00:30", 1, 1},
-        {"EM", 1, 2, "10:01:30", 0, 0},
-        {"ES", 1, 2, "10:00:00", 1, 1},
-        {"ES", 1, 2, "10:00:01", 0, 0},
-        {"EH", 1, 2, "08:30:00", 0, 0},  // outside the pairs
-        // Exact and case-sensitive: anything else is a plain pair.
-        {"ed", 17, 2, "09:30:00", 1, 1},
-        {"  ", 1, 2, "09:30:00", 1, 1},
-        {"", 1, 2, "09:30:00", 1, 1},
-        {"ZZ", 1, 2, "09:30:00", 1, 1},
-        // On Sunday: the weekend codes hold back the first pair only.
-        {"SS", 1, 1, "09:30:00", 0, 1},
-        {"XS", 1, 1, "09:30:00", 0, 1},
+        {"ED", 16, 2, "09:30:00", 1, 1}, {"OH", 1, 2, "09:30:00", 1, 1},
+        {"OH", 1, 2, "10:30:00", 0, 0},  {"EM", 1, 2, "10:00:30", 1, 1},
+        {"EM", 1, 2, "10:01:30", 0, 0},  {"ES", 1, 2, "10:00:00", 1, 1},
+        {"ES", 1, 2, "10:00:01", 0, 0},  {"EH", 1, 2, "08:30:00", 0, 0},
+        {"ed", 17, 2, "09:30:00", 1, 1}, {"  ", 1, 2, "09:30:00", 1, 1},
+        {"", 1, 2, "09:30:00", 1, 1},    {"ZZ", 1, 2, "09:30:00", 1, 1},
+        {"SS", 1, 1, "09:30:00", 0, 1},  {"XS", 1, 1, "09:30:00", 0, 1},
         {"SX", 1, 1, "09:30:00", 1, 1},
     };
     t.SetPair(0, 0, "09:00", "12:00");
@@ -370,22 +363,15 @@ TEST_F(EvaluationTest, CyclicMarkAcrossTheWrapAndItsOverflow) {
 }
 
 TEST(NumericCode, VbLikeNumericTestAndRounding) {
-    struct Case {
-        const char* code;
-        bool numeric;
-        int16_t value;
-    } cases[] = {
-        {"5", true, 5},   {" 5", true, 5},  {"5 ", true, 5},    {"-3", true, -3},  {"+3", true, 3},
-        {"1.5", true, 2}, {"2.5", true, 2}, {".5", true, 0},    {"5.", true, 5},   {"EO", false, 0},
-        {"", false, 0},   {" ", false, 0},  {"-", false, 0},    {".", false, 0},   {"1e", false, 0},
-        {"&H", false, 0}, {"5a", false, 0}, {"1.2.", false, 0}, {"- 1", false, 0}, {"3H", false, 0},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(IsNumericCode(c.code), c.numeric) << '"' << c.code << '"';
-        if (c.numeric) {
-            EXPECT_EQ(NumericCodeValue(c.code), c.value) << '"' << c.code << '"';
-        }
+    const std::pair<const char*, int> numeric[] = {{"5", 5},   {" 5", 5}, {"5 ", 5},
+                                                   {"-3", -3}, {"+3", 3}, {"1.5", 2},
+                                                   {"2.5", 2}, {".5", 0}, {"5.", 5}};
+    for (auto [code, value] : numeric) {
+        EXPECT_TRUE(IsNumericCode(code)) << '"' << code << '"';
+        EXPECT_EQ(NumericCodeValue(code), value) << '"' << code << '"';
     }
+    for (const char* code : {"EO", "", " ", "-", ".", "1e", "&H", "5a", "1.2.", "- 1", "3H"})
+        EXPECT_FALSE(IsNumericCode(code)) << '"' << code << '"';
     EXPECT_EQ(NumericCodeValue("32767"), 32767);
     for (const char* code : {"32768", "32767.5", "99999999999999999999", "EO"})
         EXPECT_THROW(NumericCodeValue(code), FatalError) << code;

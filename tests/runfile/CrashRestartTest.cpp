@@ -1,4 +1,4 @@
-#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -12,8 +12,15 @@
 namespace vantrellion {
 namespace {
 
-using test::TempDir;
 using test::TestSystem;
+
+// Title and text of each box shown, a line each.
+std::string Said(const test::FakeMessages& messages) {
+    std::string out;
+    for (const MessageBoxRequest& box : messages.shown)
+        out += box.Title + ": " + box.Prompt + "\n";
+    return out;
+}
 
 // The program's side of a run: each instance is a fresh System sharing one machine directory,
 // as successive starts of the program on one machine do.
@@ -22,56 +29,42 @@ class CrashRestart : public ::testing::Test {
     void Start(TestSystem& t) {
         t.s.platform.machineDirectory = dir.Path();
         t.s.modRelay.LogFilePath = dir.Path();
+        t.s.frmRelay.CheckTimeAllowed = True;
     }
     bool RestartFileExists() { return dir.Exists(RestartFileName); }
     std::string LogFile() { return dir.Read("Vantrellion_2026_11_16.Log"); }
 
-    TempDir dir;
+    test::TempDir dir;
 };
 
 TEST_F(CrashRestart, AKillAfterAChangeBringsTheChangeBack) {
-    int ready[2];
-    ASSERT_EQ(::pipe(ready), 0);
-    const pid_t child = ::fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        // The running program: a change, its restart file, then it goes on running.
-        ::close(ready[0]);
+    const auto change = [](TestSystem& t) {
+        t.s.modRelay.LoggingOnOff = True;
+        RelayRecord& fan = t.s.frmRelay.Relay[2];
+        fan.DisplayName = "Greenhouse fan";
+        fan.Count = 321;
+        fan.HardStop = True;
+        t.SetPair(2, 3, "06:15", "18:45");
+    };
+    // The running program: a change, its restart file, and then it is killed.
+    const int ended = test::RunInChild([&] {
         TestSystem t;
         Start(t);
-        t.s.modRelay.LoggingOnOff = True;
-        t.s.frmRelay.Relay[2].DisplayName = "Greenhouse fan";
-        t.s.frmRelay.Relay[2].Count = 321;
-        t.s.frmRelay.Relay[2].HardStop = True;
-        t.SetPair(2, 3, "06:15", "18:45");
+        change(t);
         SaveRestartFile(t.s);
-        const char done = t.messages.shown.empty() ? 'y' : 'n';
-        if (::write(ready[1], &done, 1) != 1) ::_exit(2);
-        for (;;)
-            ::pause();
-    }
-    ::close(ready[1]);
-    char done = 0;
-    ASSERT_EQ(::read(ready[0], &done, 1), 1);
-    ::close(ready[0]);
-    EXPECT_EQ(done, 'y');
-    ASSERT_EQ(::kill(child, SIGKILL), 0);
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+        if (!t.messages.shown.empty()) return 1;
+        ::kill(::getpid(), SIGKILL);
+        return 2;
+    });
+    ASSERT_EQ(ended, 128 + SIGKILL);
 
     // The next start.
-    TestSystem t;
+    TestSystem t, want;
     Start(t);
     t.clock.SetTime(3, 41, 17);
     ASSERT_TRUE(TryCrashRestart(t.s));
-    const RelayRecord& fan = t.s.frmRelay.Relay[2];
-    EXPECT_EQ(fan.DisplayName, "Greenhouse fan");
-    EXPECT_EQ(fan.Count, 321);
-    EXPECT_EQ(fan.HardStop, True);
-    EXPECT_EQ(t.s.frmRelay.StartTime[PairIndex(2, 3)], "06:15");
-    EXPECT_EQ(t.s.frmRelay.EndTime[PairIndex(2, 3)], "18:45");
-    EXPECT_EQ(t.s.modRelay.LoggingOnOff, True);
+    change(want);
+    test::ExpectSameSchedule(t.s, want.s);
     EXPECT_EQ(t.s.modRelay.DataFileName, "");
     EXPECT_TRUE(t.messages.shown.empty());
     EXPECT_EQ(LogFile(),
@@ -81,61 +74,47 @@ TEST_F(CrashRestart, AKillAfterAChangeBringsTheChangeBack) {
     EXPECT_TRUE(RestartFileExists());
 }
 
-TEST_F(CrashRestart, ACleanExitRemovesTheFileAndTheNextStartIsNormal) {
-    {
-        TestSystem t;
-        Start(t);
-        t.s.frmRelay.Relay[0].DisplayName = "changed";
-        SaveRestartFile(t.s);
-        ASSERT_TRUE(RestartFileExists());
-        RemoveRestartFile(t.s, dir.Path(), RestartFileName);
-        EXPECT_FALSE(RestartFileExists());
-        // Removing again, with nothing there, stays silent; removal does not disable the file.
-        RemoveRestartFile(t.s, dir.Path(), RestartFileName);
-        EXPECT_TRUE(t.messages.shown.empty());
-        EXPECT_EQ(t.s.frmRelay.RestartDisabled, False);
-    }
+// Saving the restart file keeps AutoRestarted, where a plain save clears it. A clean exit's
+// removal, done twice, is silent the second time, and the next start is a normal one.
+TEST_F(CrashRestart, SavingKeepsAutoRestartedAndAfterRemovalTheStartIsNormal) {
     TestSystem t;
     Start(t);
     t.s.modRelay.LoggingOnOff = True;
+    t.s.frmRelay.Relay[0].DisplayName = "changed";
+    t.s.frmRelay.AutoRestarted = True;
+    t.timer.enabled = false;
+    SaveRestartFile(t.s);
+    EXPECT_EQ(t.s.frmRelay.AutoRestarted, True);
+    EXPECT_TRUE(t.timer.enabled);
+    ASSERT_TRUE(RestartFileExists());
+    RemoveRestartFile(t.s, dir.Path(), RestartFileName);
+    RemoveRestartFile(t.s, dir.Path(), RestartFileName);
+    EXPECT_FALSE(RestartFileExists());
+    EXPECT_EQ(t.s.frmRelay.RestartDisabled, False);
+
     EXPECT_FALSE(TryCrashRestart(t.s));
-    EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, "Relay 1");
+    EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, "changed");
     EXPECT_TRUE(t.messages.shown.empty());
     EXPECT_EQ(LogFile(), "");
 }
 
 TEST_F(CrashRestart, AnUnreadableRestartFileShowsTheLoadMessageAndKeepsWhatWasRead) {
-    dir.Write(RestartFileName, "FV.2001.05.01|.b0.r7.t5\r\n 1 \r\nHalf a relay\r\n");
-    TestSystem t;
-    Start(t);
-    EXPECT_FALSE(TryCrashRestart(t.s));
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_EQ(t.messages.shown[0].Title, "Error Reading Run File");
-    EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, "Half a relay");
-    EXPECT_EQ(LogFile(), "");
-
-    dir.Write(RestartFileName, "not a run file\r\n");
-    TestSystem u;
-    Start(u);
-    EXPECT_FALSE(TryCrashRestart(u.s));
-    ASSERT_EQ(u.messages.shown.size(), 1u);
-    EXPECT_EQ(u.messages.shown[0].Prompt, "File Load Version Error");
-}
-
-TEST_F(CrashRestart, SavingKeepsAutoRestartedWhereAPlainSaveClearsIt) {
-    TestSystem t;
-    Start(t);
-    t.s.frmRelay.CheckTimeAllowed = True;
-    for (Flag before : {True, False}) {
-        t.s.frmRelay.AutoRestarted = before;
-        t.timer.enabled = false;
-        SaveRestartFile(t.s);
-        EXPECT_EQ(t.s.frmRelay.AutoRestarted, before);
-        EXPECT_TRUE(t.timer.enabled);
+    const struct {
+        std::string bytes, said, name;
+    } cases[] = {
+        {"FV.2001.05.01|.b0.r7.t5\r\n 1 \r\nHalf a relay\r\n",
+         "Error Reading Run File: Input past end of file\n", "Half a relay"},
+        {"not a run file\r\n", "Select a Current File: File Load Version Error\n", "Relay 1"},
+    };
+    for (const auto& c : cases) {
+        dir.Write(RestartFileName, c.bytes);
+        TestSystem t;
+        Start(t);
+        EXPECT_FALSE(TryCrashRestart(t.s));
+        EXPECT_EQ(Said(t.messages), c.said);
+        EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, c.name);
+        EXPECT_EQ(LogFile(), "");
     }
-    t.s.frmRelay.AutoRestarted = True;
-    ASSERT_TRUE(SaveRunFile(t.s, dir.Path(), "mine.run"));
-    EXPECT_EQ(t.s.frmRelay.AutoRestarted, False);
 }
 
 TEST_F(CrashRestart, TheMachineDirectoryIsCreatedOnFirstNeed) {
@@ -146,64 +125,53 @@ TEST_F(CrashRestart, TheMachineDirectoryIsCreatedOnFirstNeed) {
     EXPECT_TRUE(dir.Exists(std::string("share/vantrellion/") + RestartFileName));
 }
 
-// A machine directory that cannot be written: a path that runs through a plain file, so that
-// not even root can create it.
-TEST_F(CrashRestart, AnUnwritableDirectoryWarnsOnceUntilNewOrOpen) {
+// A failed write shows its own message and then the restart file's, once: nothing more is
+// tried or shown until New or Open clears RestartDisabled.
+TEST_F(CrashRestart, AFailedWriteWarnsOnceUntilNewOrOpen) {
     dir.Write("blocked", "");
-    TestSystem t;
-    t.s.platform.machineDirectory = dir.Path() + "blocked/vantrellion/";
-    t.s.frmRelay.CheckTimeAllowed = True;
-    const auto expectTwoMessages = [&] {
-        ASSERT_EQ(t.messages.shown.size(), 2u);
-        EXPECT_EQ(t.messages.shown[0].Title, "Open File Error");
-        EXPECT_EQ(t.messages.shown[0].Prompt, std::strerror(ENOTDIR));
-        EXPECT_EQ(t.messages.shown[1].Title, "Unable to Create Restart File!");
-        EXPECT_EQ(t.messages.shown[1].Prompt, "Restart Capability will be Disabled");
-        EXPECT_EQ(t.messages.shown[1].BoxIcon, Icon::Exclamation);
-        EXPECT_EQ(t.messages.shown[1].ButtonSet, Buttons::OK);
+    ASSERT_EQ(::mkdir(dir.File("full").c_str(), 0700), 0);
+    ASSERT_EQ(::symlink("/dev/full", (dir.File("full/") + RestartFileName).c_str()), 0);
+    const std::string disabled =
+        "\nUnable to Create Restart File!: Restart Capability will be Disabled\n";
+    const struct {
+        std::string directory, said;
+    } cases[] = {
+        // A path that runs through a plain file, so that not even root can create it.
+        {dir.Path() + "blocked/vantrellion/",
+         "Open File Error: " + std::string(std::strerror(ENOTDIR)) + disabled},
+        // The restart file itself is the full device.
+        {dir.File("full/"),
+         "Error Writing Data File: " + std::string(std::strerror(ENOSPC)) + disabled},
     };
+    for (const auto& c : cases) {
+        TestSystem t;
+        Start(t);
+        t.s.platform.machineDirectory = c.directory;
+        t.s.frmRelay.Relay[0].DisplayName = "still here";
+        for (int round = 0; round < 2; ++round) {
+            SaveRestartFile(t.s);
+            EXPECT_EQ(Said(t.messages), c.said);
+            EXPECT_EQ(t.messages.shown.back().BoxIcon, Icon::Exclamation);
+            EXPECT_EQ(t.messages.shown.back().ButtonSet, Buttons::OK);
+            EXPECT_EQ(t.s.frmRelay.RestartDisabled, True);
+            EXPECT_TRUE(t.timer.enabled);
 
-    t.s.frmRelay.Relay[0].DisplayName = "still here";
-    SaveRestartFile(t.s);
-    expectTwoMessages();
-    EXPECT_EQ(t.s.frmRelay.RestartDisabled, True);
-    EXPECT_TRUE(t.timer.enabled);
-
-    // However many changes follow, nothing more is tried or shown.
-    t.messages.shown.clear();
-    const int changes = t.timer.changes;
-    for (int n = 0; n < 5; ++n)
+            t.messages.shown.clear();
+            const int changes = t.timer.changes;
+            for (int n = 0; n < 5; ++n)
+                SaveRestartFile(t.s);
+            EXPECT_TRUE(t.messages.shown.empty());
+            EXPECT_EQ(t.timer.changes, changes);
+            EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, "still here");
+            t.s.frmRelay.RestartDisabled = False;  // as New or Open do
+        }
+        // Once the directory can be written, the next chance succeeds.
+        t.s.platform.machineDirectory = dir.Path();
         SaveRestartFile(t.s);
-    EXPECT_TRUE(t.messages.shown.empty());
-    EXPECT_EQ(t.timer.changes, changes);
-    EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, "still here");
-
-    // New or Open clears the flag: the next failure shows both messages once more.
-    t.s.frmRelay.RestartDisabled = False;
-    SaveRestartFile(t.s);
-    expectTwoMessages();
-
-    // Once the directory can be written, the next chance succeeds.
-    t.messages.shown.clear();
-    t.s.platform.machineDirectory = dir.Path();
-    t.s.frmRelay.RestartDisabled = False;
-    SaveRestartFile(t.s);
-    EXPECT_TRUE(t.messages.shown.empty());
-    EXPECT_EQ(t.s.frmRelay.RestartDisabled, False);
+        EXPECT_TRUE(t.messages.shown.empty());
+        EXPECT_EQ(t.s.frmRelay.RestartDisabled, False);
+    }
     EXPECT_TRUE(RestartFileExists());
-}
-
-TEST_F(CrashRestart, AFullDiskDisablesTheRestartFileWithTheWriteMessage) {
-    // The restart file itself is the full device.
-    ASSERT_EQ(::symlink("/dev/full", dir.File(RestartFileName).c_str()), 0);
-    TestSystem t;
-    Start(t);
-    SaveRestartFile(t.s);
-    ASSERT_EQ(t.messages.shown.size(), 2u);
-    EXPECT_EQ(t.messages.shown[0].Title, "Error Writing Data File");
-    EXPECT_EQ(t.messages.shown[0].Prompt, std::strerror(ENOSPC));
-    EXPECT_EQ(t.messages.shown[1].Prompt, "Restart Capability will be Disabled");
-    EXPECT_EQ(t.s.frmRelay.RestartDisabled, True);
 }
 
 }  // namespace

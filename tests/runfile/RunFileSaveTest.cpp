@@ -15,8 +15,9 @@ namespace {
 using test::RunFileTest;
 using test::SplitCrLf;
 
-// Relay 0 as in the worked example of the format: Pump, Monday, Wednesday and Friday from
-// 08:00 to 15:00, counting, 12 so far, no even/odd code and no icon of its own.
+// Relay 0 as in the worked example of the format: logging on, relay 0 named Pump, Monday,
+// Wednesday and Friday from 08:00 to 15:00, counting, 12 so far, no even/odd code and no
+// icon of its own.
 void SetUpPump(System& s) {
     s.modRelay.LoggingOnOff = True;
     RelayRecord& pump = s.frmRelay.Relay[0];
@@ -29,103 +30,66 @@ void SetUpPump(System& s) {
     s.frmRelay.EndTime[0] = "15:00";
 }
 
-TEST_F(RunFileTest, SavesTheCurrentLayoutLineByLine) {
+// The example's first lines, byte for byte, then the other relays in every field that a Run
+// File holds, loaded back.
+TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     SetUpPump(s);
-    s.modRelay.FileVersion = "left over";
-    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "pump.run"));
-
-    const std::string bytes = dir.Read("pump.run");
-    ASSERT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
-    const auto lines = SplitCrLf(bytes);
-    ASSERT_EQ(lines.size(), 170u);
-    for (const auto& l : lines)
-        EXPECT_EQ(l.find_first_of("\r\n"), std::string::npos) << l;
-
-    const std::vector<std::string> head = {"FV.2001.05.01|.b0.r7.t5",
-                                           " 1 ",
-                                           "Pump",
-                                           "246",
-                                           "",
-                                           " 0 ",
-                                           " 0 ",
-                                           " 1 ",
-                                           " 12 ",
-                                           " 0 ",
-                                           "",
-                                           "08:00",
-                                           "15:00"};
-    for (size_t n = 0; n < head.size(); ++n)
-        EXPECT_EQ(lines[n], head[n]) << "line " << n + 1;
-    for (size_t n = 13; n < 23; ++n)
-        EXPECT_EQ(lines[n], "") << "line " << n + 1;
-    EXPECT_EQ(lines[23], "Relay 2");
-    EXPECT_EQ(lines[23 + 21], "Relay 3");
-    EXPECT_EQ(lines[2 + 7 * 21], "Relay 8");
-    EXPECT_EQ(s.modRelay.FileVersion, "FV.2001.05.01|.b0.r7.t5");
-}
-
-TEST_F(RunFileTest, WritesNumbersInPrintFormAndOnlyMinusOneAsTrue) {
-    struct {
-        Flag manual;
-        int16_t count;
-        const char* manualLine;
-        const char* countLine;
-    } cases[] = {
-        {True, 0, " 1 ", " 0 "},         {1, -5, " 0 ", "-5 "},
-        {2, 32000, " 0 ", " 32000 "},    {False, -32768, " 0 ", "-32768 "},
-        {True, 32767, " 1 ", " 32767 "},
-    };
-    for (const auto& c : cases) {
-        f.Relay[2].Manual = c.manual;
-        f.Relay[2].Count = c.count;
-        ASSERT_TRUE(SaveRunFile(s, dir.Path(), "n.run"));
-        const auto lines = SplitCrLf(dir.Read("n.run"));
-        ASSERT_EQ(lines.size(), 170u);
-        const size_t block = 2 + 2 * 21;
-        EXPECT_EQ(lines[block + 3], c.manualLine) << c.manual;
-        EXPECT_EQ(lines[block + 6], c.countLine) << c.count;
-    }
-}
-
-TEST_F(RunFileTest, ASavedScheduleLoadsBackByteForByte) {
-    s.modRelay.LoggingOnOff = True;
-    for (int i = 0; i <= LastRelay; ++i) {
+    const char* codes[] = {"", "EH", "TH", "3H", "15", "WE", "", "BH"};
+    for (int i = 1; i <= LastRelay; ++i) {
         RelayRecord& r = f.Relay[i];
-        r.DisplayName =
-            "Ventil S\xFC"
-            "d " +
-            std::to_string(i);
+        r.DisplayName = "Ventil S\xFC" + std::string("d ") + std::to_string(i);
         r.DaysOfWeek = i % 2 ? "All Days" : "1357";
-        r.DayHrEvenOdd = std::vector<std::string>{"EO", "EH", "TH", "3H", "15", "WE", "", "BH"}[i];
+        r.DayHrEvenOdd = codes[i];
         r.Manual = ToFlag(i % 2);
         r.Invert = ToFlag(i == 1 || i == 7);  // relay 4's code is cyclic: no Invert
         r.CounterOn = ToFlag(i % 4 == 0);
         r.HardStop = ToFlag(i == 5);
-        r.Count = static_cast<int16_t>(i * 1000 - 3000);
+        r.Count = static_cast<int16_t>(i == 6 ? -32768 : i == 7 ? 32767 : i * 1000 - 3000);
         r.IconFile = i == 3 ? "/home/ann/icons/pump.ico" : "";
         for (int p = 0; p <= LastTimePair; ++p) {
             ts.SetPair(i, p, std::to_string(p + 8) + ":0" + std::to_string(i),
                        p == 4 ? "9:30 pm" : std::to_string(p + 9) + ":00:00");
         }
     }
-    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "all.run"));
+    f.Relay[2].Manual = 1;  // only -1 is true
+    f.Relay[6].Manual = 2;
+    s.modRelay.FileVersion = "left over";
+    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "pump.run"));
+    EXPECT_EQ(s.modRelay.FileVersion, "FV.2001.05.01|.b0.r7.t5");
+
+    const std::string bytes = dir.Read("pump.run");
+    const std::string example =
+        "FV.2001.05.01|.b0.r7.t5\r\n 1 \r\nPump\r\n246\r\n\r\n 0 \r\n 0 \r\n 1 \r\n 12 \r\n 0 \r\n"
+        "\r\n08:00\r\n15:00\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\nVentil S\xFC"
+        "d 1\r\n";
+    EXPECT_EQ(bytes.substr(0, example.size()), example);
+    const auto lines = SplitCrLf(bytes);
+    ASSERT_EQ(lines.size(), 170u);
+    for (const auto& l : lines)
+        EXPECT_EQ(l.find_first_of("\r\n"), std::string::npos) << l;
+    EXPECT_EQ(bytes.substr(bytes.size() - 2), "\r\n");
+    // Numbers in print form: Manual of relays 1, 2 and 6, then Count of relays 2, 6 and 7.
+    const auto field = [&](int relay, int line) { return lines[2 + relay * 21 + line]; };
+    EXPECT_EQ(
+        (std::vector{field(1, 3), field(2, 3), field(6, 3), field(2, 6), field(6, 6), field(7, 6)}),
+        (std::vector<std::string>{" 1 ", " 0 ", " 0 ", "-1000 ", "-32768 ", " 32767 "}));
+    f.Relay[2].Manual = f.Relay[6].Manual = False;  // as the file holds them
 
     test::TestSystem other;
-    ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "all.run", true), RunFileLoaded);
+    ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "pump.run", true), RunFileLoaded);
     test::ExpectSameSchedule(s, other.s);
     EXPECT_TRUE(other.messages.shown.empty());
 }
 
 TEST_F(RunFileTest, EndsWithTheTimerAsAllowedAndClearsAutoRestarted) {
     for (bool allowed : {true, false}) {
-        for (bool succeeds : {true, false}) {
+        for (const std::string& path : {dir.Path(), dir.Path() + "missing/"}) {
             test::TestSystem t;
             t.s.frmRelay.CheckTimeAllowed = ToFlag(allowed);
             t.s.frmRelay.AutoRestarted = True;
             t.timer.enabled = !allowed;
-            const std::string path = succeeds ? dir.Path() : dir.Path() + "missing/";
-            EXPECT_EQ(SaveRunFile(t.s, path, "t.run"), succeeds);
-            EXPECT_EQ(t.timer.enabled, allowed) << allowed << succeeds;
+            EXPECT_EQ(SaveRunFile(t.s, path, "t.run"), path == dir.Path());
+            EXPECT_EQ(t.timer.enabled, allowed) << allowed << path;
             EXPECT_GE(t.timer.changes, 2);
             EXPECT_EQ(t.s.frmRelay.AutoRestarted, False);
         }
@@ -133,28 +97,24 @@ TEST_F(RunFileTest, EndsWithTheTimerAsAllowedAndClearsAutoRestarted) {
 }
 
 // Message boxes that note whether the timer was running while they were up.
-class TimerWatchingMessages : public MessageBoxes {
+class TimerWatchingMessages : public test::FakeMessages {
   public:
     explicit TimerWatchingMessages(CheckTimer& t) : timer(t) {}
     Answer Show(const MessageBoxRequest& r) override {
-        shown.push_back(r);
         timerOnDuringBox = timerOnDuringBox || timer.IsEnabled();
-        return Answer::OK;
+        return FakeMessages::Show(r);
     }
     CheckTimer& timer;
-    std::vector<MessageBoxRequest> shown;
     bool timerOnDuringBox = false;
 };
 
 TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
-    dir.Write("plain", "x");
     ASSERT_EQ(::mkfifo(dir.File("pipe").c_str(), 0600), 0);
     struct {
         std::string path, name, title;
         int error;
     } cases[] = {
         {dir.Path() + "missing/", "a.run", "Open File Error", ENOENT},
-        {dir.Path() + "plain/", "a.run", "Open File Error", ENOTDIR},
         {dir.Path(), "", "Open File Error", EISDIR},
         // A pipe that nobody reads is refused rather than waited for.
         {dir.Path(), "pipe", "Open File Error", ENXIO},
@@ -184,23 +144,15 @@ TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
 TEST_F(RunFileTest, AWriteErrorIsWordedByWhereItHappens) {
     SetUpPump(s);
     ASSERT_TRUE(SaveRunFile(s, dir.Path(), "full.run"));
-    const auto lines = SplitCrLf(dir.Read("full.run"));
-    auto offsetOfLine = [&](size_t n) {  // n counted from 1
-        size_t offset = 0;
-        for (size_t l = 0; l + 1 < n; ++l)
-            offset += lines[l].size() + 2;
-        return offset;
-    };
-    const size_t firstTimeLine = offsetOfLine(12);
+    const std::string full = dir.Read("full.run");
+    const size_t firstTimeLine = full.find("08:00\r\n");
+    const size_t relay4Name = full.find("Relay 4\r\n");
     struct {
         size_t limit;
         const char* title;
-    } cases[] = {
-        {5, "Error Writing Data File"},
-        {firstTimeLine - 1, "Error Writing Data File"},
-        {firstTimeLine, "Error Writing Time Array"},
-        {offsetOfLine(2 + 3 * 21 + 1) + 2, "Error Writing Time Array"},  // relay 4's name
-    };
+    } cases[] = {{firstTimeLine - 1, "Error Writing Data File"},
+                 {firstTimeLine, "Error Writing Time Array"},
+                 {relay4Name + 2, "Error Writing Time Array"}};
     for (const auto& c : cases) {
         const int code = test::RunInChild([&] {
             test::TestSystem t;
@@ -211,12 +163,11 @@ TEST_F(RunFileTest, AWriteErrorIsWordedByWhereItHappens) {
             if (SaveRunFile(t.s, dir.Path(), "cut.run")) return 11;
             if (t.messages.shown.size() != 1) return 12;
             if (t.messages.shown[0].Title != c.title) return 13;
-            if (t.messages.shown[0].Prompt != std::strerror(EFBIG)) return 14;
-            return 0;
+            return t.messages.shown[0].Prompt == std::strerror(EFBIG) ? 0 : 14;
         });
         EXPECT_EQ(code, 0) << "limit " << c.limit;
         // What got out stays behind: a partial file, nothing written elsewhere first.
-        EXPECT_EQ(dir.Read("cut.run"), dir.Read("full.run").substr(0, c.limit));
+        EXPECT_EQ(dir.Read("cut.run"), full.substr(0, c.limit));
     }
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "support/Fakes.h"
@@ -24,10 +25,10 @@ inline std::vector<std::string> SplitCrLf(const std::string& bytes) {
     return lines;
 }
 
-inline std::string JoinLines(const std::vector<std::string>& lines, const std::string& end) {
+inline std::string JoinCrLf(const std::vector<std::string>& lines) {
     std::string out;
     for (const auto& l : lines)
-        out += l + end;
+        out += l + "\r\n";
     return out;
 }
 
@@ -44,19 +45,12 @@ class RunFileTest : public ::testing::Test {
 // Two schedules hold the same Run File contents.
 inline void ExpectSameSchedule(const System& a, const System& b) {
     EXPECT_EQ(a.modRelay.LoggingOnOff, b.modRelay.LoggingOnOff);
-    for (int i = 0; i < RelaySlots; ++i) {
-        const RelayRecord& x = a.frmRelay.Relay[i];
-        const RelayRecord& y = b.frmRelay.Relay[i];
-        EXPECT_EQ(x.DisplayName, y.DisplayName) << i;
-        EXPECT_EQ(x.DaysOfWeek, y.DaysOfWeek) << i;
-        EXPECT_EQ(x.DayHrEvenOdd, y.DayHrEvenOdd) << i;
-        EXPECT_EQ(x.Manual, y.Manual) << i;
-        EXPECT_EQ(x.Invert, y.Invert) << i;
-        EXPECT_EQ(x.CounterOn, y.CounterOn) << i;
-        EXPECT_EQ(x.Count, y.Count) << i;
-        EXPECT_EQ(x.HardStop, y.HardStop) << i;
-        EXPECT_EQ(x.IconFile, y.IconFile) << i;
-    }
+    const auto saved = [](const RelayRecord& r) {
+        return std::tie(r.DisplayName, r.DaysOfWeek, r.DayHrEvenOdd, r.Manual, r.Invert,
+                        r.CounterOn, r.Count, r.HardStop, r.IconFile);
+    };
+    for (int i = 0; i < RelaySlots; ++i)
+        EXPECT_EQ(saved(a.frmRelay.Relay[i]), saved(b.frmRelay.Relay[i])) << "relay " << i;
     EXPECT_EQ(a.frmRelay.StartTime, b.frmRelay.StartTime);
     EXPECT_EQ(a.frmRelay.EndTime, b.frmRelay.EndTime);
 }
