@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "configuration/CheckConfigurationAtStart.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
@@ -24,40 +22,31 @@ const std::string kAdditional = "You must Configure for the additional boards";
 const std::string kMoreBoards =
     "Your Configuration is for more boards then this program will support\r\n\r\n"
     "The additional board information will be removed";
-const std::string kTitle = "Vantrellion is not Configured!";
 
-// The configuration screens as the start-up check sees them: each show is recorded and may run
-// what the user would do there.
+void Put(System& s, const std::string& name, const std::string& text) {
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, "\\" + std::string(kKey) + "\\", "String", name, text);
+}
+std::string Stored(System& s, const std::string& name) {
+    return RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, name);
+}
+
+// The configuration screens as the start-up check sees them. Each one shown is recorded and
+// clears both switches, as a user who enters real boards would; it saves if the user does.
 struct FakeScreens : FirstRunScreens {
+    System& s;
     int height = 12000;
+    bool saves = false;
     std::vector<std::string> shown;
-    std::function<void(const std::string&)> onShow;
+    explicit FakeScreens(System& sys) : s(sys) {}
     int ScreenHeightTwips() override { return height; }
-    void Show(const std::string& name) {
+    void Show(const char* name) {
         shown.push_back(name);
-        if (onShow) onShow(name);
+        s.modRelay.LoggingOnOff = s.modRelay.RunNoBoards = False;
+        if (saves) ConfigurationSaveToReg(s);
     }
     void ShowConfiguration() override { Show("frmConfiguration"); }
     void ShowConfigBoards() override { Show("frmConfigBoards"); }
     void ShowConfigColors() override { Show("frmConfigColors"); }
-};
-
-class StartUpCheck : public ::testing::Test {
-  public:
-    TestSystem t;
-    TempStore temp{t.s};
-    System& s = t.s;
-    FakeScreens screens;
-
-    void Put(const std::string& name, const std::string& text) {
-        RegWriteValue(s, HKEY_LOCAL_MACHINE, "\\" + std::string(kKey) + "\\", "String", name, text);
-    }
-    std::string Stored(const std::string& name) {
-        return RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, name);
-    }
-    void SaveFromScreens() {
-        screens.onShow = [this](const std::string&) { ConfigurationSaveToReg(s); };
-    }
 };
 
 TEST(VersionShape, TakesOneDigitAtPositionsThreeSixAndNineBehindTheBar) {
@@ -71,7 +60,6 @@ TEST(VersionShape, TakesOneDigitAtPositionsThreeSixAndNineBehindTheBar) {
         {"FV.2001.05.01|.b0.r15.t5", 0, 1, std::nullopt},  // ".b0.r15.t5": position 9 is "t"
         {"FV.2001.05.01|.b0.r7", 0, 7, std::nullopt},
         {"FV.2001.05.01", std::nullopt, std::nullopt, std::nullopt},
-        {"REGKEYNOTFOUND", std::nullopt, std::nullopt, std::nullopt},
         {"FV|.b0.r7.t5|x", 0, 7, 5},
     };
     for (const auto& c : cases) {
@@ -81,168 +69,106 @@ TEST(VersionShape, TakesOneDigitAtPositionsThreeSixAndNineBehindTheBar) {
     }
 }
 
-// Every store state, answered with Cancel: the message shown, and the result.
-TEST_F(StartUpCheck, EachStoreStateAskedAndCancelled) {
+// Each state of the store with the user's answers: the questions, the screens, the result, and
+// what ends up loaded and stored.
+TEST(StartUpCheck, EachStoreStateAndAnswer) {
+    constexpr const char* kEmpty = nullptr;  // nothing stored
+    constexpr const char* kDeleted = "";     // a full save whose version was deleted
+    const std::string kLoadError =
+        "Type mismatch\r\nConfiguration Load Errors\r\n\r\nCorrect the Problem or \r\n\r\n"
+        "ReEnter Board Values, ('File, Configuration)\r\nThen 'Save', to correct";
+    const std::vector<std::string> kOne = {"frmConfiguration"},
+                                   kTwo = {"frmConfigBoards", "frmConfigColors"};
+    using enum Icon;
     struct Case {
-        const char* name;
-        std::function<void(StartUpCheck&)> setup;
+        const char* version;
+        const char* answers;  // O for OK, C for Cancel
+        bool saves;
         std::vector<std::string> prompts;
-        Icon icon;
+        Icon icon;  // of the last box
+        std::vector<std::string> screens;
         bool result;
-    };
-    const auto storeWithVersion = [](const char* version) {
-        return [version](StartUpCheck& f) {
-            ConfigurationSaveToReg(f.s);
-            f.Put("ConfigVersion", version);
-        };
+        bool loads;  // the stored configuration reaches the shared state
+        int height = 9000;
     };
     const Case cases[] = {
-        {"empty store", [](StartUpCheck&) {}, {kFirstRun}, Icon::Critical, false},
-        {"version deleted",
-         [](StartUpCheck& f) {
-             ConfigurationSaveToReg(f.s);
-             f.temp.store().DeleteValue(HKEY_LOCAL_MACHINE, kKey, "ConfigVersion");
-         },
-         {kFirstRun},
-         Icon::Critical,
-         false},
-        {"current", [](StartUpCheck& f) { ConfigurationSaveToReg(f.s); }, {}, Icon::None, true},
-        {"other date, same shape",
-         storeWithVersion("FV.2001.02.29|.b0.r7.t5"),
-         {kMoreBoards},
-         Icon::Information,
-         false},
-        {"fewer relays",
-         storeWithVersion("FV.2001.05.01|.b0.r3.t5"),
-         {kAdditional},
-         Icon::Exclamation,
-         false},
-        {"fewer pairs",
-         storeWithVersion("FV.2001.05.01|.b0.r7.t4"),
-         {kAdditional},
-         Icon::Exclamation,
-         false},
-        {"more boards",
-         storeWithVersion("FV.2001.05.01|.b3.r7.t5"),
-         {kMoreBoards},
-         Icon::Information,
-         false},
+        {kEmpty, "C", false, {kFirstRun}, Critical, {}, false, false},
+        {kDeleted, "C", false, {kFirstRun}, Critical, {}, false, false},
+        {"FV.2001.05.01|.b0.r7.t5", "", false, {}, None, {}, true, true},
+        {"FV.2001.02.29|.b0.r7.t5", "C", false, {kMoreBoards}, Information, {}, false, true},
+        {"FV.2001.05.01|.b0.r3.t5", "C", false, {kAdditional}, Exclamation, {}, false, true},
+        {"FV.2001.05.01|.b0.r7.t4", "C", false, {kAdditional}, Exclamation, {}, false, true},
+        {"FV.2001.05.01|.b3.r7.t5", "C", false, {kMoreBoards}, Information, {}, false, true},
+        // A version without a shape is told as a load error first.
+        {"FV.2001.05.01", "OC", false, {kLoadError, kAdditional}, Exclamation, {}, false, true},
+        // Saved from the screens: rewritten for this build, and started.
+        {"FV.2001.05.01|.b3.r7.t5", "O", true, {kMoreBoards}, Information, kOne, true, true},
+        {kEmpty, "O", true, {kFirstRun}, Critical, kOne, true, false},
+        {kEmpty, "O", true, {kFirstRun}, Critical, kTwo, true, false, 8999},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        TestSystem fresh;
-        t.messages.shown.clear();
-        temp.store().DeleteKey(HKEY_LOCAL_MACHINE, kKey);
-        s.modRelay = fresh.s.modRelay;
-        c.setup(*this);
-        t.messages.shown.clear();
-        t.messages.answers = {Answer::Cancel};
-        EXPECT_EQ(CheckConfigurationAtStart(s, screens), c.result);
-        EXPECT_EQ(t.messages.Prompts(), c.prompts);
-        for (const auto& box : t.messages.shown) {
-            EXPECT_EQ(box.Title, kTitle);
-            EXPECT_EQ(box.ButtonSet, Buttons::OKCancel);
-            EXPECT_EQ(box.BoxIcon, c.icon);
-        }
-        EXPECT_TRUE(screens.shown.empty());
-    }
-}
-
-TEST_F(StartUpCheck, AVersionWithoutAShapeIsToldAsALoadErrorAndAsksToConfigure) {
-    ConfigurationSaveToReg(s);
-    Put("ConfigVersion", "FV.2001.05.01");
-    t.messages.shown.clear();
-    t.messages.answers = {Answer::OK, Answer::Cancel};
-    EXPECT_FALSE(CheckConfigurationAtStart(s, screens));
-    ASSERT_EQ(t.messages.shown.size(), 2u);
-    EXPECT_EQ(t.messages.shown[0].Title, "Load Configuration Error ");
-    EXPECT_EQ(t.messages.shown[1].Prompt, kAdditional);
-}
-
-TEST_F(StartUpCheck, AnotherShapeIsLoadedBeforeTheQuestion) {
-    ConfigurationSaveToReg(s);
-    Put("ConfigVersion", "FV.2001.05.01|.b0.r3.t5");
-    Put("LogFileName", "from-store.log");
-    s.modRelay.LogFileName = "in-memory.log";
-    t.messages.answers = {Answer::Cancel};
-    EXPECT_FALSE(CheckConfigurationAtStart(s, screens));
-    EXPECT_EQ(s.modRelay.LogFileName, "from-store.log");
-}
-
-TEST_F(StartUpCheck, ACurrentStoreIsLoadedWithoutAWord) {
-    s.modRelay.LogFileName = "saved.log";
-    ConfigurationSaveToReg(s);
-    s.modRelay.LogFileName = "changed";
-    s.modRelay.FileVersion = "";
-    EXPECT_TRUE(CheckConfigurationAtStart(s, screens));
-    EXPECT_EQ(s.modRelay.LogFileName, "saved.log");
-    EXPECT_EQ(s.modRelay.FileVersion, "FV.2001.05.01|.b0.r7.t5");
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
-TEST_F(StartUpCheck, TheScreenHeightChoosesTheScreens) {
-    struct Case {
-        int height;
-        std::vector<std::string> shown;
-    };
-    const Case cases[] = {
-        {8999, {"frmConfigBoards", "frmConfigColors"}},
-        {9000, {"frmConfiguration"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.height);
-        temp.store().DeleteKey(HKEY_LOCAL_MACHINE, kKey);
-        screens.shown.clear();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.version ? c.version : "empty") + " saves " +
+                     std::to_string(c.saves) + " height " + std::to_string(c.height));
+        TestSystem t;
+        TempStore temp(t.s);
+        FakeScreens screens(t.s);
+        screens.saves = c.saves;
         screens.height = c.height;
-        // The first screen saves, as a user who accepts the defaults.
-        screens.onShow = [this](const std::string& name) {
-            if (name != "frmConfigColors") ConfigurationSaveToReg(s);
-        };
-        t.messages.answers = {Answer::OK};
-        EXPECT_TRUE(CheckConfigurationAtStart(s, screens));
-        EXPECT_EQ(screens.shown, c.shown);
+        if (c.version) {
+            t.mod().LogFileName = "from-store.log";
+            ConfigurationSaveToReg(t.s);
+            Put(t.s, "BaseAddress3", "776");
+            if (*c.version)
+                Put(t.s, "ConfigVersion", c.version);
+            else
+                temp.store().DeleteValue(HKEY_LOCAL_MACHINE, kKey, "ConfigVersion");
+        }
+        t.mod().LogFileName = "in-memory.log";
+        t.messages.shown.clear();
+        for (const char* a = c.answers; *a; ++a)
+            t.messages.answers.push_back(*a == 'O' ? Answer::OK : Answer::Cancel);
+
+        EXPECT_EQ(CheckConfigurationAtStart(t.s, screens), c.result);
+        EXPECT_EQ(t.messages.Prompts(), c.prompts);
+        if (!t.messages.shown.empty()) {
+            EXPECT_EQ(t.messages.shown.back().Title, "Vantrellion is not Configured!");
+            EXPECT_EQ(t.messages.shown.back().ButtonSet, Buttons::OKCancel);
+            EXPECT_EQ(t.messages.shown.back().BoxIcon, c.icon);
+        }
+        EXPECT_EQ(screens.shown, c.screens);
+        EXPECT_EQ(t.mod().LogFileName, c.loads ? "from-store.log" : "in-memory.log");
+        if (!c.screens.empty()) {
+            // Whatever the screens said, a first configuration logs and runs in emulation.
+            EXPECT_EQ(t.mod().LoggingOnOff, True);
+            EXPECT_EQ(t.mod().RunNoBoards, True);
+            EXPECT_EQ(Stored(t.s, "LoggingOnOff"), "1");
+            EXPECT_EQ(Stored(t.s, "RunNoBoards"), "1");
+        }
+        if (c.result) {
+            EXPECT_EQ(t.mod().FileVersion, "FV.2001.05.01|.b0.r7.t5");
+            EXPECT_EQ(Stored(t.s, "ConfigVersion"), "FV.2001.05.01|.b0.r7.t5");
+        }
+        // Nothing is deleted: another board's value stays in the key, unread.
+        if (c.version) {
+            EXPECT_EQ(Stored(t.s, "BaseAddress3"), "776");
+        }
     }
 }
 
-TEST_F(StartUpCheck, AFirstConfigurationStartsLoggingInEmulationWhateverTheScreensSaid) {
-    screens.onShow = [this](const std::string&) {
-        s.modRelay.LoggingOnOff = False;
-        s.modRelay.RunNoBoards = False;  // the user entered real boards
-        ConfigurationSaveToReg(s);
-    };
-    t.messages.answers = {Answer::OK};
-    EXPECT_TRUE(CheckConfigurationAtStart(s, screens));
-    EXPECT_EQ(s.modRelay.LoggingOnOff, True);
-    EXPECT_EQ(s.modRelay.RunNoBoards, True);
-    EXPECT_EQ(Stored("LoggingOnOff"), "1");
-    EXPECT_EQ(Stored("RunNoBoards"), "1");
-    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{kFirstRun});
-}
-
-TEST_F(StartUpCheck, ScreensLeftWithoutSaveAskAgainAndLeaveOnlyTheTwoFlags) {
+TEST(StartUpCheck, ScreensLeftWithoutSaveAskAgainAndLeaveOnlyTheTwoFlags) {
+    TestSystem t;
+    TempStore temp(t.s);
+    FakeScreens screens(t.s);
     t.messages.answers = {Answer::OK, Answer::OK, Answer::Cancel};
-    EXPECT_FALSE(CheckConfigurationAtStart(s, screens));
+    EXPECT_FALSE(CheckConfigurationAtStart(t.s, screens));
     EXPECT_EQ(t.messages.Prompts(), (std::vector<std::string>{kFirstRun, kFirstRun, kFirstRun}));
     EXPECT_EQ(screens.shown.size(), 2u);
     std::vector<std::string> names;
     ASSERT_EQ(temp.store().ValueNames(HKEY_LOCAL_MACHINE, kKey, names), StoreStatus::Ok);
     EXPECT_EQ(names, (std::vector<std::string>{"LoggingOnOff", "RunNoBoards"}));
-    EXPECT_EQ(Stored("LoggingOnOff"), "1");
-    EXPECT_EQ(Stored("RunNoBoards"), "1");
-    EXPECT_EQ(ConfigurationLoadVersionFromReg(s), "VALUENAMENOTFOUND");
-}
-
-TEST_F(StartUpCheck, AMoreBoardsConfigurationIsRewrittenForThisBuildOnSave) {
-    ConfigurationSaveToReg(s);
-    Put("ConfigVersion", "FV.2001.05.01|.b3.r7.t5");
-    Put("BaseAddress3", "776");
-    SaveFromScreens();
-    t.messages.answers = {Answer::OK};
-    EXPECT_TRUE(CheckConfigurationAtStart(s, screens));
-    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{kMoreBoards});
-    EXPECT_EQ(Stored("ConfigVersion"), "FV.2001.05.01|.b0.r7.t5");
-    // Nothing is deleted: the other board's value stays in the key, unread.
-    EXPECT_EQ(Stored("BaseAddress3"), "776");
+    EXPECT_EQ(Stored(t.s, "LoggingOnOff"), "1");
+    EXPECT_EQ(Stored(t.s, "RunNoBoards"), "1");
+    EXPECT_EQ(ConfigurationLoadVersionFromReg(t.s), "VALUENAMENOTFOUND");
 }
 
 }  // namespace

@@ -74,25 +74,28 @@ class ConfigScreenWidgetTest : public ::testing::Test {
 };
 
 TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
+    constexpr const char* kRange = "Address Entry is Out of Range!";
+    constexpr const char* kNotHex = "Address Entry is not Hexadecimal!";
+    constexpr AddressBox kBase = AddressBox::cmbBaseAddress, kInput = AddressBox::cmbInputAddress,
+                         kCntl = AddressBox::cmbCntlAddress,
+                         kConfig = AddressBox::cmbPortConfigValue;
     struct Case {
         AddressBox box;
         const char* typed;
-        bool accepted;
         int16_t shared;
-        const char* message;
+        const char* refusal;  // the title of the box that refuses it, or nullptr
     };
-    const char* kAddresses = "Enter Address between Hex 280-3FF (Dec 640-1024)\r\n";
+    // (FFFF is negative, 10000 does not fit 16 bits.)
     const Case cases[] = {
-        {AddressBox::cmbBaseAddress, "280", true, 0x280, nullptr},
-        {AddressBox::cmbBaseAddress, "1FF", false, 0x300, kAddresses},
-        {AddressBox::cmbBaseAddress, "200", true, 0x200, nullptr},
-        {AddressBox::cmbBaseAddress, "400", true, 0x400, nullptr},
-        {AddressBox::cmbBaseAddress, "401", false, 0x300, kAddresses},
-        {AddressBox::cmbBaseAddress, "0", true, 0, nullptr},
-        {AddressBox::cmbPortConfigValue, "100", false, 0,
-         "Enter Address between Hex 0-FF (Dec 0-255)\r\n"},
-        {AddressBox::cmbPortConfigValue, "FF", true, 0xFF, nullptr},
-        {AddressBox::cmbBaseAddress, "3G0", false, 0x300, nullptr},  // not hexadecimal
+        {kBase, "280", 0x280, nullptr},   {kBase, "1FF", 0x300, kRange},
+        {kBase, "200", 0x200, nullptr},   {kBase, "400", 0x400, nullptr},
+        {kBase, "401", 0x300, kRange},    {kBase, "0", 0, nullptr},
+        {kConfig, "100", 0, kRange},      {kConfig, "FF", 0xFF, nullptr},
+        {kConfig, "0", 0, nullptr},       {kBase, "FFFF", 0x300, kRange},
+        {kBase, "3G0", 0x300, kNotHex},   {kBase, "10000", 0x300, kNotHex},
+        {kBase, "0x300", 0x300, kNotHex}, {kBase, "0300", 0x300, nullptr},
+        {kInput, "1FF", 0x301, kRange},   {kCntl, "303", 0x303, nullptr},
+        {kBase, "2a0", 0x2A0, nullptr},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.typed);
@@ -100,21 +103,33 @@ TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
         t.mod().Board[0].PortConfigValue = 0;
         Open();
         QComboBox* box = P().AddressComboBox(c.box, 0);
+        const int16_t before = SharedAddress(t.s, c.box, 0);
         Enter(box, c.typed);
-        EXPECT_EQ(box->currentText().toStdString(), c.typed);
+        // A refused entry stays as typed; an accepted one is shown in capitals.
+        EXPECT_EQ(box->currentText(), c.refusal ? QString(c.typed) : QString(c.typed).toUpper());
         EXPECT_EQ(SharedAddress(t.s, c.box, 0), c.shared);
-        EXPECT_EQ(Focused() == box, !c.accepted) << "a refusal keeps the focus";
-        EXPECT_EQ(w->cmdSave->isEnabled(), c.accepted);
-        ASSERT_EQ(t.messages.shown.size(), c.accepted ? 0u : 1u);
-        if (c.message) {
-            EXPECT_EQ(t.messages.shown[0].Prompt, c.message);
-        } else if (!c.accepted) {
-            EXPECT_EQ(t.messages.shown[0].Title, "Address Entry is not Hexadecimal!");
+        EXPECT_EQ(Focused() == box, c.refusal != nullptr) << "a refusal keeps the focus";
+        EXPECT_EQ(w->cmdSave->isEnabled(), c.shared != before) << "only a changed value";
+        ASSERT_EQ(t.messages.shown.size(), c.refusal ? 1u : 0u);
+        if (!c.refusal) continue;
+        const MessageBoxRequest& m = t.messages.shown[0];
+        EXPECT_EQ(m.Title, c.refusal);
+        if (c.refusal == kNotHex) {
+            EXPECT_EQ(m.Prompt, "\"" + std::string(c.typed) +
+                                    "\" is not a hexadecimal number from 0 to FFFF.\r\n"
+                                    "Enter the value in hexadecimal digits (0-9, A-F), without "
+                                    "\"&H\" or \"0x\".");
+            EXPECT_EQ(m.BoxIcon, Icon::Exclamation);
+        } else {
+            EXPECT_EQ(m.Prompt, c.box == kConfig
+                                    ? "Enter Address between Hex 0-FF (Dec 0-255)\r\n"
+                                    : "Enter Address between Hex 280-3FF (Dec 640-1024)\r\n");
+            EXPECT_EQ(m.BoxIcon, Icon::None);
         }
     }
 }
 
-TEST_F(ConfigScreenWidgetTest, ARefusedEntryVoidsTheClickThatLeftIt) {
+TEST_F(ConfigScreenWidgetTest, ARefusedEntryVoidsTheClickThatLeftItAndCancelReloadsTheStore) {
     Open();
     QComboBox* base = P().cmbBaseAddress[0];
     Focus(base);
@@ -124,10 +139,13 @@ TEST_F(ConfigScreenWidgetTest, ARefusedEntryVoidsTheClickThatLeftIt) {
     EXPECT_TRUE(w->isVisible());
     EXPECT_EQ(Focused(), base);
     EXPECT_EQ(t.messages.shown.size(), 1u);
-    // Put right, the next click goes through.
-    Enter(base, "300");
-    QTest::mouseClick(w->cmdExit, Qt::LeftButton);
+    // Put right, the next click goes through: Cancel reloads the store without a question.
+    Enter(base, "280");
+    ASSERT_EQ(t.mod().Board[0].BaseAddress, 0x280);
+    QTest::mouseClick(w->cmdCancel, Qt::LeftButton);
     EXPECT_FALSE(w->isVisible());
+    EXPECT_EQ(t.mod().Board[0].BaseAddress, 0x300);
+    EXPECT_EQ(t.messages.shown.size(), 1u);
 }
 
 TEST_F(ConfigScreenWidgetTest, ListsGrowAtEachVisitAndAnEmptiedBoxShowsZero) {
@@ -148,6 +166,11 @@ TEST_F(ConfigScreenWidgetTest, ListsGrowAtEachVisitAndAnEmptiedBoxShowsZero) {
     Focus(base);
     EXPECT_EQ(base->count(), 32);
     EXPECT_EQ(P().cmbPortConfigValue[0]->count(), 32);
+    // Each box takes its own column of the address rows, at list position = row number.
+    EXPECT_EQ(P().cmbInputAddress[0]->itemText(1), "221");
+    EXPECT_EQ(P().cmbCntlAddress[0]->itemText(2), "243");
+    EXPECT_EQ(P().cmbPortConfigValue[0]->itemText(15), "9B");
+    EXPECT_EQ(P().cmbBaseAddress[1]->count(), 0) << "board 1's lists stay empty";
 
     base->lineEdit()->selectAll();
     QTest::keyClick(base, Qt::Key_Delete);
@@ -196,43 +219,32 @@ TEST_F(ConfigScreenWidgetTest, SaveStoresTheControlsAndAResetWaitsForIt) {
     EXPECT_TRUE(w->isVisible()) << "the screen stays open";
 }
 
-TEST_F(ConfigScreenWidgetTest, CancelReloadsTheStoreAndCloses) {
-    Open();
-    Enter(P().cmbBaseAddress[0], "280");
-    ASSERT_EQ(t.mod().Board[0].BaseAddress, 0x280);
-    QTest::mouseClick(w->cmdCancel, Qt::LeftButton);
-    EXPECT_EQ(t.mod().Board[0].BaseAddress, 0x300);
-    EXPECT_FALSE(w->isVisible());
-    EXPECT_TRUE(t.messages.shown.empty()) << "no question after Cancel";
-}
-
-TEST_F(ConfigScreenWidgetTest, ClosingWithYesSavesOnlyWhatReachedTheSharedState) {
-    Open();
-    Enter(P().txtRelayName[0], "Pump");
-    chooser.answer = 0x0A0B0C;
-    QTest::mouseClick(w->Colors->cmdSetColorIndicator[1], Qt::LeftButton);
-    EXPECT_EQ(w->Colors->cmdSetColorIndicator[1]->ColorShown(), 0x0A0B0C);
-    t.messages.answers = {Answer::Yes};
-    EXPECT_TRUE(w->close());
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_EQ(t.messages.shown[0].Prompt, "Save File?");
-    EXPECT_EQ(t.messages.shown[0].Title, "Save?");
-    EXPECT_EQ(t.messages.shown[0].ButtonSet, Buttons::YesNoCancel);
-    EXPECT_EQ(t.messages.shown[0].DefaultButton, 2) << "No is the default";
-    EXPECT_EQ(Stored("Brd1RNam1"), "Pump");
-    EXPECT_EQ(Stored("ColorRelayON"), std::to_string(kRelayON)) << "the status colour is lost";
-}
-
-TEST_F(ConfigScreenWidgetTest, ClosingWithCancelKeepsTheScreen) {
-    Open();
-    Enter(P().txtRelayName[0], "Pump");
-    t.messages.answers = {Answer::Cancel};
-    EXPECT_FALSE(w->close());
-    EXPECT_TRUE(w->isVisible());
-    t.messages.answers = {Answer::No};
-    QTest::keyClick(w.get(), Qt::Key_Escape);  // Esc takes the same route
-    EXPECT_FALSE(w->isVisible());
-    EXPECT_EQ(t.mod().Board[0].RelayName[0], "Relay 1") << "No reloads the store";
+// Closing a changed screen asks; Yes stores only what reached the shared state (a status
+// colour waits for Save and is lost), No reloads the store, Cancel keeps the screen.
+TEST_F(ConfigScreenWidgetTest, ClosingAChangedScreenAsks) {
+    for (Answer answer : {Answer::No, Answer::Cancel, Answer::Yes}) {
+        SCOPED_TRACE(static_cast<int>(answer));
+        ConfigurationLoadFromReg(t.s);
+        Open();
+        Enter(P().txtRelayName[0], "Pump");
+        chooser.answer = 0x0A0B0C;
+        QTest::mouseClick(w->Colors->cmdSetColorIndicator[1], Qt::LeftButton);
+        EXPECT_EQ(w->Colors->cmdSetColorIndicator[1]->ColorShown(), 0x0A0B0C);
+        t.messages.answers = {answer};
+        if (answer == Answer::No)
+            QTest::keyClick(w.get(), Qt::Key_Escape);  // Esc takes the same route
+        else
+            EXPECT_EQ(w->close(), answer == Answer::Yes);
+        ASSERT_EQ(t.messages.shown.size(), 1u);
+        EXPECT_EQ(t.messages.shown[0].Prompt, "Save File?");
+        EXPECT_EQ(t.messages.shown[0].Title, "Save?");
+        EXPECT_EQ(t.messages.shown[0].ButtonSet, Buttons::YesNoCancel);
+        EXPECT_EQ(t.messages.shown[0].DefaultButton, 2) << "No is the default";
+        EXPECT_EQ(w->isVisible(), answer == Answer::Cancel);
+        EXPECT_EQ(t.mod().Board[0].RelayName[0], answer == Answer::No ? "Relay 1" : "Pump");
+        EXPECT_EQ(Stored("Brd1RNam1"), answer == Answer::Yes ? "Pump" : "Relay 1");
+        EXPECT_EQ(Stored("ColorRelayON"), std::to_string(kRelayON));
+    }
 }
 
 TEST_F(ConfigScreenWidgetTest, ACancelledColourChoiceChangesNothing) {
