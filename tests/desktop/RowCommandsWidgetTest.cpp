@@ -1,10 +1,10 @@
 // The row commands on the real main window: clicks and presses on the labels and images, their
-// effect on the record, on the row's controls and on the restart file.
+// effect on the record, on the row's controls and on the restart file; the tool tips and echoes
+// of mouse moves over a row.
 #include <gtest/gtest.h>
 
 #include <QImage>
 
-#include "mainscreen/RowCommands.h"
 #include "tests/desktop/RowWindowFixture.h"
 
 namespace vantrellion::test {
@@ -27,6 +27,12 @@ class RowCommandsWidgetTest : public RowWindowTest {
 };
 
 TEST_F(RowCommandsWidgetTest, StopThenReleaseKeepsManual) {
+    const auto expectRestartFile = [&](Flag hardStop) {
+        TestSystem u;
+        ReadRestart(u);
+        EXPECT_EQ(u.relay(2).HardStop, hardStop);
+        EXPECT_EQ(u.relay(2).Manual, True);
+    };
     Click(w->lblManual[2]);
     EXPECT_EQ(t.relay(2).Manual, True);
 
@@ -37,12 +43,7 @@ TEST_F(RowCommandsWidgetTest, StopThenReleaseKeepsManual) {
     Press(w->lblCounter[2], Qt::LeftButton);
     EXPECT_EQ(t.relay(2).Manual, True);
     EXPECT_EQ(t.relay(2).CounterOn, False);
-    {
-        TestSystem u;
-        ReadRestart(u);
-        EXPECT_EQ(u.relay(2).HardStop, True);
-        EXPECT_EQ(u.relay(2).Manual, True);
-    }
+    expectRestartFile(True);
 
     w->lblTotalTime[2]->setText("> STOP <");
     Click(w->lblTotalTime[2]);  // the stop text releases the stop
@@ -51,10 +52,7 @@ TEST_F(RowCommandsWidgetTest, StopThenReleaseKeepsManual) {
     ExpectHeld(2, false);
     EXPECT_EQ(w->lblTotalTime[2]->text(), "00:00:00");
     EXPECT_EQ(t.frm().FileChanged, False);
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.relay(2).HardStop, False);
-    EXPECT_EQ(u.relay(2).Manual, True);
+    expectRestartFile(False);
 }
 
 TEST_F(RowCommandsWidgetTest, TheTotalOfARunningRowAndAMovedAwayClickDoNothing) {
@@ -67,22 +65,24 @@ TEST_F(RowCommandsWidgetTest, TheTotalOfARunningRowAndAMovedAwayClickDoNothing) 
     EXPECT_FALSE(RestartWritten());
 }
 
-TEST_F(RowCommandsWidgetTest, InvertTogglesExceptOnACyclicRow) {
+TEST_F(RowCommandsWidgetTest, ManualAndInvertToggleAndOnlyManualRestartsTheCycle) {
     t.SetPair(5, 0, "08:00", "08:20");
     FillRowsFromRecords(t.s);
-    Click(w->lblInvert[5]);
-    EXPECT_EQ(t.relay(5).Invert, True);
-    Click(w->lblInvert[5]);
-    EXPECT_EQ(t.relay(5).Invert, False);
-    EXPECT_EQ(w->lblTotalTime[5]->text(), "00:20:00");
-
-    Type(w->txtDayHrEvenOdd[5], "5");
-    PressTab(w->txtDayHrEvenOdd[5]);
-    ASSERT_EQ(t.relay(5).DayHrEvenOdd, "5");
-    std::remove(dir.File(RestartFileName).c_str());
-    Click(w->lblInvert[5]);
-    EXPECT_EQ(t.relay(5).Invert, False);
-    EXPECT_FALSE(RestartWritten());
+    for (QLabel* label : {w->lblManual[5], w->lblInvert[5]}) {
+        const bool manual = label == w->lblManual[5];
+        for (Flag on : {True, False}) {
+            std::remove(dir.File(RestartFileName).c_str());
+            t.relay(5).CycleStart = 700;
+            w->lblTotalTime[5]->setText("x");
+            Click(label);
+            EXPECT_EQ(manual ? t.relay(5).Manual : t.relay(5).Invert, on);
+            EXPECT_EQ(t.relay(5).CycleStart, manual ? 0 : 700);
+            // Only switching off clears the total, which is then computed again.
+            EXPECT_EQ(w->lblTotalTime[5]->text(), on ? "x" : "00:20:00");
+            EXPECT_TRUE(RestartWritten());
+        }
+    }
+    EXPECT_EQ(t.frm().FileChanged, False);
 }
 
 TEST_F(RowCommandsWidgetTest, CounterPressesTellTheButtonsApart) {
@@ -111,7 +111,7 @@ TEST_F(RowCommandsWidgetTest, CounterPressesTellTheButtonsApart) {
     EXPECT_EQ(u.relay(4).Count, 0);
 }
 
-TEST_F(RowCommandsWidgetTest, TheIconDialogShowsTheChosenPictureAndKeepsABorrowedPathOnCancel) {
+TEST_F(RowCommandsWidgetTest, TheIconDialogStoresTheChosenPathAndKeepsABorrowedPathOnCancel) {
     QImage picture(16, 16, QImage::Format_RGB32);
     picture.fill(Qt::red);
     const std::string file = dir.File("pump.png");
@@ -120,24 +120,35 @@ TEST_F(RowCommandsWidgetTest, TheIconDialogShowsTheChosenPictureAndKeepsABorrowe
     t.dialogs.answers.push_back(file);
     Click(w->imgIDIcon[1]);
     ASSERT_EQ(t.dialogs.opened.size(), 1u);
-    EXPECT_EQ(t.dialogs.opened[0].Title, "Select Icon");
-    EXPECT_EQ(t.dialogs.opened[0].Filter, IconDialogFilter);
     EXPECT_EQ(t.relay(1).IconFile, file);
     EXPECT_FALSE(w->imgIDIcon[1]->pixmap().isNull());
     EXPECT_EQ(t.frm().FileChanged, True);
 
+    const std::string broken = dir.File("broken.png");
+    dir.Write("broken.png", "not a picture");
+    t.dialogs.answers.push_back(broken);
+    Click(w->imgIDIcon[2]);
+    EXPECT_EQ(t.relay(2).IconFile, broken);  // kept although it cannot be shown
+    EXPECT_TRUE(w->imgIDIcon[2]->pixmap().isNull());
+    EXPECT_TRUE(t.messages.shown.empty());
+
     Click(w->imgIDIcon[7]);  // cancelled
-    ASSERT_EQ(t.dialogs.opened.size(), 2u);
-    EXPECT_EQ(t.dialogs.opened[1].InitialDirectory, dir.Path());
-    EXPECT_EQ(t.dialogs.opened[1].FileName, "pump.png");
+    ASSERT_EQ(t.dialogs.opened.size(), 3u);
+    EXPECT_EQ(t.dialogs.opened[2].InitialDirectory, dir.Path());
+    EXPECT_EQ(t.dialogs.opened[2].FileName, "pump.png");
     EXPECT_EQ(t.relay(7).IconFile, file);
     TestSystem u;
     ReadRestart(u);
     EXPECT_EQ(u.relay(1).IconFile, file);
+    EXPECT_EQ(u.relay(2).IconFile, broken);
     EXPECT_EQ(u.relay(7).IconFile, "");  // the cancel wrote nothing
 }
 
-TEST_F(RowCommandsWidgetTest, MouseMovesSetToolTipsOnceAndLabelsEchoTheirCaption) {
+// The tool tips come from the string table on the first move over a control; a move over a
+// field echoes its text, over a label its caption, and over an image nothing.
+TEST_F(RowCommandsWidgetTest, MouseMovesSetToolTipsOnceAndEchoFieldsAndLabels) {
+    t.SetPair(3, 0, "08:00", "09:15");
+    FillRowsFromRecords(t.s);
     struct Case {
         QWidget* control;
         const char* tip;
@@ -145,22 +156,32 @@ TEST_F(RowCommandsWidgetTest, MouseMovesSetToolTipsOnceAndLabelsEchoTheirCaption
     } cases[] = {
         {w->lblManual[3], "Manually turn relay ON (will not override \"STOP\")", "> Manual <"},
         {w->lblInvert[3], "Change state of relay (ON changes to OFF)", "> Invert <"},
-        {w->lblTotalTime[3], "Total Time ON or Method ON", "> 00:00:00 <"},
+        {w->lblTotalTime[3], "Total Time ON or Method ON", "> 01:15:00 <"},
         {w->lblCounter[3], "Total Count, Input signal changes to ON", "> Counter <"},
         {w->imgHardStop[3], "\"STOP\" and RESET this relay, (overrides ALL other settings)",
          nullptr},
         {w->imgIDIcon[3], "User selected icon, (32 x 32 & 16 x 16 only)", nullptr},
+        {w->txtDisplayName[3], "User Defined Relay Name ", "> Relay 4 <"},
+        {w->txtDaysOfWeek[3], "Selected Days of week: 1=Sun,2=Mon,3=Tue,4=Wed,5=Thur,6=Fri,7=Sat ",
+         "> All Days <"},
+        {w->txtEndTime[PairIndex(3, 0)], "End Time", "> 09:15 <"},
+        {w->txtStartTime[PairIndex(3, 0)], "Start Time", "> 08:00 <"},
+        {w->txtDayHrEvenOdd[3],
+         "(E)ven,(O)dd,(D)ay,(H)our,(M)inute,(S)econd, TH, MH, BH, ## Cyclic Minutes", "> EO <"},
     };
     for (const Case& c : cases) {
+        EXPECT_TRUE(c.control->toolTip().isEmpty()) << c.tip;
         w->StatusPanel[4]->setText("before");
         MoveMouseOver(c.control);
         EXPECT_EQ(c.control->toolTip().toStdString(), c.tip);
         EXPECT_EQ(Echo(), c.echo ? c.echo : "before");
     }
     w->lblManual[3]->setToolTip("changed");
-    MoveMouseOver(w->lblCounter[3]);
+    w->txtEndTime[PairIndex(3, 0)]->setToolTip("changed too");
     MoveMouseOver(w->lblManual[3]);
+    MoveMouseOver(w->txtEndTime[PairIndex(3, 0)]);
     EXPECT_EQ(w->lblManual[3]->toolTip(), "changed");
+    EXPECT_EQ(w->txtEndTime[PairIndex(3, 0)]->toolTip(), "changed too");
 }
 
 }  // namespace

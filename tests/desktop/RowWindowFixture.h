@@ -13,21 +13,15 @@
 #include "desktop/RowEvents.h"
 #include "desktop/frmRelay.h"
 #include "mainscreen/RowRefill.h"
-#include "runfile/CrashRestart.h"
-#include "runfile/RunFileLoad.h"
-#include "support/Fakes.h"
-#include "support/TempDir.h"
+#include "mainscreen/RowTestSupport.h"
 
 namespace vantrellion::test {
 
-class RowWindowTest : public ::testing::Test {
+class RowWindowTest : public RowTest {
   protected:
-    TempDir dir;
-    TestSystem t;
     std::unique_ptr<frmRelay> w;
 
     void SetUp() override {
-        t.s.platform.machineDirectory = dir.Path();
         t.frm().CheckTimeAllowed = True;
         w = std::make_unique<frmRelay>(t.s);
         t.s.platform.screen = w.get();
@@ -69,12 +63,6 @@ class RowWindowTest : public ::testing::Test {
         QTest::mouseMove(w->windowHandle(), widget->mapTo(w.get(), widget->rect().center()));
     }
 
-    bool RestartWritten() const { return dir.Exists(RestartFileName); }
-    // Loads the restart file into a fresh system, as the next start after a crash would.
-    void ReadRestart(TestSystem& u) const {
-        u.s.platform.machineDirectory = dir.Path();
-        ASSERT_EQ(LoadRunFile(u.s, dir.Path(), RestartFileName, true), RunFileLoaded);
-    }
     std::vector<std::string> Prompts() const { return t.messages.Prompts(); }
     std::string Echo() const { return w->StatusPanel[4]->text().toStdString(); }
 };
