@@ -47,10 +47,8 @@ class Configuration : public ::testing::Test {
         ModRelay& c = stored_;
         c.LoggingOnOff = c.WarnOverLapTime = True;
         c.RunNoBoards = False;
-        c.LogFilePath = "/var/log/relays/";
-        c.LogFileName = "relays.log";
-        c.DataFilePath = "/home/u/schedules/";
-        c.DataFileName = "garden.run";
+        std::tie(c.LogFilePath, c.LogFileName, c.DataFilePath, c.DataFileName) =
+            std::tuple("/var/log/relays/", "relays.log", "/home/u/schedules/", "garden.run");
         Color next = 1000;
         for (Color* color : {&c.ColorRelayON, &c.ColorRelayOFF, &c.ColorTimeON, &c.ColorTimeOFF,
                              &c.ColorManualON, &c.ColorManualOFF, &c.ColorInputON, &c.ColorInputOFF,
@@ -178,15 +176,12 @@ TEST_F(Configuration, SeveralBadValuesShowOneLoadErrorBoxAndTheRestStillLoads) {
     EXPECT_EQ(box.BoxIcon, Icon::Exclamation);
     EXPECT_EQ(box.ButtonSet, Buttons::OK);
     // The failed values keep their earlier contents; everything after them is loaded.
-    EXPECT_EQ(m.ColorRelayON, before.ColorRelayON);
-    EXPECT_EQ(m.ColorTimeOFF, before.ColorTimeOFF);
-    EXPECT_EQ(m.ColorRelayGroup[1], before.ColorRelayGroup[1]);
-    EXPECT_EQ(m.Board[0].BaseAddress, before.Board[0].BaseAddress);
-    EXPECT_EQ(m.ColorRelayOFF, 1001);
-    EXPECT_EQ(m.ColorNameBkgrnd, 1009);
-    EXPECT_EQ(m.ColorRelayGroup[7], 107);
-    EXPECT_EQ(m.Board[0].InputAddress, 0x221);
-    EXPECT_EQ(m.Board[0].RelayName[7], "Pump 8");
+    ModRelay expected = stored_;
+    expected.ColorRelayON = before.ColorRelayON;
+    expected.ColorTimeOFF = before.ColorTimeOFF;
+    expected.ColorRelayGroup[1] = before.ColorRelayGroup[1];
+    expected.Board[0].BaseAddress = before.Board[0].BaseAddress;
+    EXPECT_EQ(Persisted(m), Persisted(expected));
 }
 
 // A text becomes empty; a number keeps its earlier content and is also told as a load error.
@@ -260,16 +255,13 @@ TEST_F(Configuration, ValuesOfOtherBoardsSurviveALoadAndASave) {
         EXPECT_EQ(Stored(name), text) << name;
 }
 
-TEST_F(Configuration, TheSingleSavesAndTheDeletes) {
+TEST_F(Configuration, TheSingleSavesStampNoVersionAndTheDeletesRemoveBothKeys) {
     temp.store().DeleteKey(HKEY_LOCAL_MACHINE, kKey);
-    m.LogFileName = "day.log";
-    m.LogFilePath = "/logs/";
-    m.DataFileName = "a.run";
-    m.DataFilePath = "/runs/";
-    ConfigurationLogFileNameSave(s);
-    ConfigurationLogFilePathSave(s);
-    ConfigurationDataFileNameSave(s);
-    ConfigurationDataFilePathSave(s);
+    std::tie(m.LogFileName, m.LogFilePath, m.DataFileName, m.DataFilePath) =
+        std::tuple("day.log", "/logs/", "a.run", "/runs/");
+    for (auto* save : {&ConfigurationLogFileNameSave, &ConfigurationLogFilePathSave,
+                       &ConfigurationDataFileNameSave, &ConfigurationDataFilePathSave})
+        save(s);
     ConfigurationFlagLoggingSave(s, True);
     // Through the interface that other subsystems hold, from the shared state.
     m.RunNoBoards = False;
@@ -280,7 +272,6 @@ TEST_F(Configuration, TheSingleSavesAndTheDeletes) {
     EXPECT_EQ(Stored("DataFilePath"), "/runs/");
     EXPECT_EQ(Stored("LoggingOnOff"), "1");
     EXPECT_EQ(Stored("RunNoBoards"), "0");
-    // Nothing but a full save stamps the version.
     EXPECT_EQ(ConfigurationLoadVersionFromReg(s), "VALUENAMENOTFOUND");
 
     RegWriteValue(s, HKEY_LOCAL_MACHINE, StartupKeyWrite, "String", "frmRelay", "1,2,3,4");

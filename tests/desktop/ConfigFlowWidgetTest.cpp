@@ -26,7 +26,10 @@
 namespace vantrellion::test {
 namespace {
 
-const std::string kFirstRun = "You MUST Configure Now";
+const std::string kFirstRun =
+    "You MUST Configure Now\r\n\r\nBe sure to SAVE Configuration,\r\n"
+    "      Even if you simply accept all defaults!\r\n\r\n"
+    " You will be able to change the configuration, later";
 
 void Activate(QWidget& w) {
     QApplication::setActiveWindow(&w);
@@ -43,13 +46,6 @@ void Enter(QWidget* x, const char* text) {
     QTest::keyClicks(x, text);
     QTest::keyClick(x, Qt::Key_Tab);
 }
-size_t CountPrompts(const FakeMessages& m, const std::string& start) {
-    size_t n = 0;
-    for (const auto& p : m.Prompts())
-        n += p.rfind(start, 0) == 0;
-    return n;
-}
-
 class ProgramConfiguration : public ::testing::Test {
   protected:
     TempDir dir;
@@ -101,16 +97,25 @@ TEST_F(ProgramConfiguration, AFirstStartSavedWithAllDefaultsRunsInEmulationWithL
     ASSERT_TRUE(Start());
     EXPECT_TRUE(steps.Done());
     EXPECT_EQ(steps.windows, std::vector<std::string>{"frmConfiguration"});
-    EXPECT_EQ(CountPrompts(messages, kFirstRun), 1u) << "the version was stamped: no second ask";
-    EXPECT_EQ(messages.shown.size(), 1u);
+    EXPECT_EQ(messages.Prompts(), std::vector<std::string>{kFirstRun})
+        << "the version was stamped: no second ask";
 
+    // Every default is stored, and the version stamped.
     EXPECT_EQ(Stored("ConfigVersion"), ComposeFileVersion());
-    EXPECT_EQ(Stored("LoggingOnOff"), "1");
-    EXPECT_EQ(Stored("RunNoBoards"), "1");
-    EXPECT_EQ(Stored("BaseAddress1"), "768");
-
-    EXPECT_EQ(Sys().modRelay.RunNoBoards, True);
-    EXPECT_EQ(Sys().modRelay.LoggingOnOff, True);
+    EXPECT_EQ(Stored("LogFilePath"), dir.Path());
+    for (const char* on :
+         {"LoggingOnOff", "RunNoBoards", "LogBoard1", "ResetOnExit1", "WarnOverLapTime"})
+        EXPECT_EQ(Stored(on), "1") << on;
+    const std::pair<const char*, const char*> defaults[] = {
+        {"ChipSetType1", "CBRelay16A"},   {"BaseAddress1", "768"},
+        {"InputAddress1", "769"},         {"CntlAddress1", "0"},
+        {"PortConfigValue1", "0"},        {"Brd1RNam1", "Relay: 1"},
+        {"Brd1RNam8", "Relay: 8"},        {"ColorNameBkgrnd", "65535"},
+        {"ColorTTimeBkgrnd", "12632256"}, {"ColorRelayGroup1", "12648447"},
+        {"ColorRelayGroup8", "16777215"},
+    };
+    for (const auto& [name, text] : defaults)
+        EXPECT_EQ(Stored(name), text) << name;
     frmRelay& main = *app->MainWindow();
     EXPECT_TRUE(main.isVisible());
     EXPECT_TRUE(app->Timer().IsEnabled());
@@ -134,8 +139,8 @@ TEST_F(ProgramConfiguration, CancelOnAFirstRunAsksAgainFromInsideTheScreen) {
     ASSERT_TRUE(Start());
     EXPECT_TRUE(steps.Done());
     EXPECT_EQ(steps.windows, (std::vector<std::string>{"frmConfiguration", "frmConfiguration"}));
-    EXPECT_EQ(CountPrompts(messages, kFirstRun), 2u);
-    EXPECT_EQ(messages.shown.size(), 2u) << "the first screen closes without a question";
+    EXPECT_EQ(messages.Prompts(), (std::vector<std::string>{kFirstRun, kFirstRun}))
+        << "the first screen closes without a question";
     EXPECT_EQ(Stored("ConfigVersion"), ComposeFileVersion());
     EXPECT_TRUE(app->MainWindow()->isVisible());
 }
@@ -214,7 +219,7 @@ TEST(SmallDisplayFirstRun, TheColourScreenComesUpBlackAfterTheBoardScreensSave) 
     EXPECT_EQ(stored("ColorNameBkgrnd"), "0");
     EXPECT_EQ(stored("BaseAddress1"), "768");
     EXPECT_EQ(stored("RunNoBoards"), "1");
-    EXPECT_EQ(CountPrompts(t.messages, kFirstRun), 1u);
+    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{kFirstRun});
 }
 
 class LogDirectoryChooser : public ::testing::Test {
@@ -232,32 +237,27 @@ class LogDirectoryChooser : public ::testing::Test {
     std::string Daily() const { return logs.Path() + "daily"; }
 };
 
-TEST_F(LogDirectoryChooser, OpensOnTheLogDirectoryAndSelectAddsTheSeparator) {
-    frmLogFilePath w(t.s);
-    EXPECT_EQ(w.windowTitle(), "Select Location  for Log Files");
-    const std::string start = logs.Path().substr(0, logs.Path().size() - 1);
-    EXPECT_EQ(w.ChosenPath, start);
-    EXPECT_EQ(w.Text1->text().toStdString(), start);
-    w.SetDir1Path(QString::fromStdString(Daily()));
-    EXPECT_EQ(w.Text1->text().toStdString(), Daily());
-    Click(w.cmdCancel);
-    EXPECT_EQ(t.mod().LogFilePath, logs.Path()) << "Cancel changes nothing";
-
-    // A directory that has gone: the nearest one that is still there.
-    t.mod().LogFilePath = Daily() + "/gone/";
-    frmLogFilePath v(t.s);
-    EXPECT_EQ(v.ChosenPath, Daily());
-    Click(v.cmdSelect);
-    EXPECT_EQ(t.mod().LogFilePath, Daily() + "/");
-}
-
-TEST_F(LogDirectoryChooser, BrowseTakesTheChosenDirectoryAndMarksTheScreenChanged) {
+// Browse opens the chooser on the log directory, or the nearest one still there; Cancel changes
+// nothing, Select stores the directory with a closing separator. Either marks the screen changed.
+TEST_F(LogDirectoryChooser, BrowseOpensOnTheNearestDirectoryAndSelectAddsTheSeparator) {
     frmConfigBoards w(t.s);
     w.show();
     Activate(w);
     ASSERT_FALSE(w.cmdSave->isEnabled());
     ModalSteps steps;
     steps.On<frmLogFilePath>([this](frmLogFilePath& chooser) {
+        EXPECT_EQ(chooser.windowTitle(), "Select Location  for Log Files");
+        EXPECT_EQ(chooser.ChosenPath + "/", logs.Path());
+        EXPECT_EQ(chooser.Text1->text().toStdString() + "/", logs.Path());
+        Click(chooser.cmdCancel);
+    });
+    Click(w.Boards->cmdLogFilePathBrowse);
+    EXPECT_EQ(t.mod().LogFilePath, logs.Path());
+    EXPECT_TRUE(w.cmdSave->isEnabled());
+
+    t.mod().LogFilePath = Daily() + "/gone/";
+    steps.On<frmLogFilePath>([this](frmLogFilePath& chooser) {
+        EXPECT_EQ(chooser.ChosenPath, Daily());
         chooser.SetDir1Path(QString::fromStdString(Daily()));
         Click(chooser.cmdSelect);
     });
@@ -265,7 +265,6 @@ TEST_F(LogDirectoryChooser, BrowseTakesTheChosenDirectoryAndMarksTheScreenChange
     EXPECT_TRUE(steps.Done());
     EXPECT_EQ(t.mod().LogFilePath, Daily() + "/");
     EXPECT_EQ(w.Boards->txtLogFilePath->text().toStdString(), Daily() + "/");
-    EXPECT_TRUE(w.cmdSave->isEnabled());
 }
 
 }  // namespace

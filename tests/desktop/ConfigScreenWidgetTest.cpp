@@ -37,9 +37,7 @@ class ConfigScreenWidgetTest : public ::testing::Test {
 
     // A stored configuration as a Save of the screens leaves it, loaded.
     void SetUp() override {
-        BoardRecord& b = t.mod().Board[0];
-        b.LogBoard = 1;
-        b.ResetOnExit = 1;
+        t.mod().Board[0].LogBoard = t.mod().Board[0].ResetOnExit = 1;
         t.mod().WarnOverLapTime = False;
         t.mod().LogFilePath = temp.dir().Slashed();
         ConfigurationSaveToReg(t.s);
@@ -268,30 +266,30 @@ TEST_F(ConfigScreenWidgetTest, ACancelledColourChoiceChangesNothing) {
     EXPECT_TRUE(w->cmdSave->isEnabled());
 }
 
+// The colour menu goes with the colour buttons, the names' reset with the board controls.
 TEST_F(ConfigScreenWidgetTest, TheThreeCutsOfTheDesign) {
-    struct Case {
-        ConfigScreenKind kind;
-        const char* title;
-        bool boards, colors, setColors, resetNames;
-        const char* cancel;
+    using enum ConfigScreenKind;
+    const std::tuple<ConfigScreenKind, const char*, bool, bool, const char*> cases[] = {
+        {Configuration, "Configure", true, true, "Cancel Changes"},
+        {ConfigBoards, "Configure Board Address & Logging Options", true, false, "Cancel"},
+        {ConfigColors, "Configure Color Preferences", false, true, "Cancel"},
     };
-    const Case cases[] = {
-        {ConfigScreenKind::Configuration, "Configure", true, true, true, true, "Cancel Changes"},
-        {ConfigScreenKind::ConfigBoards, "Configure Board Address & Logging Options", true, false,
-         false, true, "Cancel"},
-        {ConfigScreenKind::ConfigColors, "Configure Color Preferences", false, true, true, false,
-         "Cancel"},
-    };
-    for (const Case& c : cases) {
-        Open(c.kind);
-        SCOPED_TRACE(c.title);
-        EXPECT_EQ(w->windowTitle(), c.title);
-        EXPECT_EQ(w->Boards != nullptr, c.boards);
-        EXPECT_EQ(w->Colors != nullptr, c.colors);
-        EXPECT_EQ(w->Menu("mnuSetColors")->isVisible(), c.setColors);
-        EXPECT_EQ(w->Menu("mnuResetNamesDefaults")->isVisible(), c.resetNames);
-        EXPECT_EQ(w->cmdCancel->text(), c.cancel);
+    for (const auto& [kind, title, boards, colors, cancel] : cases) {
+        Open(kind);
+        SCOPED_TRACE(title);
+        EXPECT_EQ(w->windowTitle(), title);
+        EXPECT_EQ(w->Boards != nullptr, boards);
+        EXPECT_EQ(w->Colors != nullptr, colors);
+        EXPECT_EQ(w->Menu("mnuSetColors")->isVisible(), colors);
+        EXPECT_EQ(w->Menu("mnuResetNamesDefaults")->isVisible(), boards);
+        EXPECT_EQ(w->cmdCancel->text(), cancel);
         EXPECT_EQ(w->Menu("mnuFileCancel")->text(), "Cancel (Does not Change Configuration)");
+        // Reset All fills this screen's controls only; only a check box marks it changed.
+        w->Menu("mnuResetAll")->trigger();
+        EXPECT_EQ(w->cmdSave->isEnabled(), boards);
+        EXPECT_TRUE(!boards || P().txtRelayName[0]->text() == "Relay: 1");
+        EXPECT_TRUE(!colors || w->Colors->cmdSetColorIndicator[0]->ColorShown() == 65535);
+        EXPECT_EQ(t.mod().ColorNameBkgrnd, kNameBk) << "colours wait for Save";
     }
 }
 
