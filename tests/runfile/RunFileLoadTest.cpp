@@ -245,7 +245,7 @@ TEST_F(RunFileLoad, ACutFileReportsWhereItEnds) {
     }
 }
 
-TEST_F(RunFileLoad, TheSuffixSetsTheBoundsOfACurrentFile) {
+TEST_F(RunFileLoad, TheSuffixSetsTheBoundsOfACurrentFileClampedToTheBuild) {
     // Four relays of two pairs each; the rest keeps the new-schedule values.
     ASSERT_EQ(Load(File("FV.2001.05.01|.b0.r3.t1", 4, 2)), RunFileLoaded);
     for (int r = 0; r < 4; ++r) {
@@ -261,10 +261,10 @@ TEST_F(RunFileLoad, TheSuffixSetsTheBoundsOfACurrentFile) {
     EXPECT_EQ(f.Relay[1].DisplayName, "R1");
     EXPECT_EQ(f.EndTime[PairIndex(1, 4)], "R1 e4");
     ExpectNewSchedule(2);
-}
 
-TEST_F(RunFileLoad, LargerBoundsAreClampedAndTheExtraLinesAreNotSkipped) {
-    // Ten pairs per block in the file; the reader takes six and reads on from there.
+    // Larger bounds are clamped, and the extra lines are not skipped: of ten pairs per block
+    // in the file the reader takes six and reads on from there.
+    ResetRelayRecords(s);
     EXPECT_EQ(Load(File("FV.2001.05.01|.b9.r7.t9", 8, 10)), RunFileTimeArrayError);
     EXPECT_EQ(f.EndTime[5], "R0 e5");
     EXPECT_EQ(f.Relay[1].DisplayName, "R0 s6");

