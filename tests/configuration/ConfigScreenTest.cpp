@@ -16,6 +16,8 @@ namespace {
 using test::TempStore;
 using test::TestSystem;
 
+// The screens' logic without windows. (First runs, address entries, resets and closing are
+// driven through the windows in the widget tests.)
 class ConfigScreenTest : public ::testing::Test {
   protected:
     TestSystem t;
@@ -39,17 +41,6 @@ class ConfigScreenTest : public ::testing::Test {
         return f;
     }
 };
-
-// (A first run on each screen is driven through the windows in the widget tests.)
-// (The widget tests load a configuration with the warning off: Save starts disabled.)
-TEST_F(ConfigScreenTest, AConfiguredStoreWithTheWarningOnEnablesSave) {
-    Configured(True);
-    const ConfigScreen f = Loaded(ConfigScreenKind::Configuration);
-    EXPECT_TRUE(f.SaveEnabled);
-    EXPECT_EQ(f.FormChanged, False);
-    EXPECT_EQ(f.chkWarnOverlapTime, 1);
-    EXPECT_EQ(f.cmdSetColorIndicator[9], test::kTTimeBk);
-}
 
 TEST_F(ConfigScreenTest, HexadecimalTextsAndTheirCanonicalForm) {
     const std::pair<const char*, std::optional<int16_t>> cases[] = {
@@ -101,20 +92,24 @@ TEST_F(ConfigScreenTest, AChooserThatFailsCountsAsCancelled) {
     EXPECT_TRUE(t.messages.shown.empty());
 }
 
-TEST_F(ConfigScreenTest, SaveTakesEveryControlAndKeepsANumberThatIsNotHexadecimal) {
-    Configured(False);
+// (The widget tests load a configuration with the warning off, where Save starts disabled.)
+TEST_F(ConfigScreenTest, TheWarningOnEnablesSaveWhichTakesEveryControlAndKeepsANonHexNumber) {
+    Configured(True);
     ConfigScreen f = Loaded(ConfigScreenKind::ConfigBoards);
+    EXPECT_TRUE(f.SaveEnabled);
+    EXPECT_EQ(f.FormChanged, False);
+    EXPECT_EQ(f.chkWarnOverlapTime, 1);
     f.cmbBaseAddress[0].Text = "2E0";
     f.cmbCntlAddress[0].Text = "zz";
     f.chkResetOnExit[0] = 0;
-    f.chkWarnOverlapTime = 1;
+    f.chkWarnOverlapTime = 0;
     f.cmdSetColorIndicator[0] = 1;  // not on this screen: ignored
     cmdSave_Click(s, f);
     EXPECT_EQ(m.Board[0].BaseAddress, 0x2E0);
     EXPECT_EQ(m.Board[0].CntlAddress, 0);
     EXPECT_EQ(f.cmbCntlAddress[0].Text, "0");
     EXPECT_EQ(m.Board[0].ResetOnExit, 0);
-    EXPECT_EQ(m.WarnOverLapTime, True);
+    EXPECT_EQ(m.WarnOverLapTime, False);
     EXPECT_EQ(m.ColorNameBkgrnd, test::kNameBk);
     EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, ConfigKeyRead, "BaseAddress1"), "736");
 }

@@ -99,10 +99,15 @@ TEST_F(Configuration, ASaveLoadsBackAsItWasAndWritesTextForBoardOneOnly) {
         temp.store().QueryValue(HKEY_LOCAL_MACHINE, kKey, name, v);
         EXPECT_EQ(v.Type, RegTypeText) << name;
     }
+    // A load also records where the program now stands, without a word.
+    Put("InstallPath", "/opt/old/place");
+    Put("InstallName", "oldname");
     m = ModRelay{};
     Load();
     EXPECT_TRUE(t.messages.shown.empty());
     EXPECT_EQ(Persisted(m), Persisted(stored_));
+    EXPECT_EQ(ConfigurationLoadInstallPath(s), ProgramDirectory());
+    EXPECT_EQ(ConfigurationLoadInstallName(s), ProgramName());
 }
 
 TEST_F(Configuration, ASaveFillsEmptyPathsAndNamesAndBlanksEmptyTexts) {
@@ -139,7 +144,7 @@ TEST_F(Configuration, ALoadOfAnUnconfiguredStoreReadsNothing) {
     EXPECT_TRUE(t.messages.shown.empty());
 }
 
-TEST_F(Configuration, TheStoredShapeBoundsTheGroupsAndTheBoards) {
+TEST_F(Configuration, TheStoredShapeBoundsTheGroupsAndOtherBoardsAreLeftAlone) {
     Put("BaseAddress2", "999");
     Put("Brd2RNam1", "Other");
     for (const auto& [version, groupsLoaded] :
@@ -160,6 +165,10 @@ TEST_F(Configuration, TheStoredShapeBoundsTheGroupsAndTheBoards) {
         EXPECT_EQ(m.Board[1].BaseAddress, 42);
         EXPECT_EQ(m.Board[1].RelayName[0], "untouched");
     }
+    // Other boards' values are never read nor written: a save leaves them in the key.
+    ConfigurationSaveToReg(s);
+    EXPECT_EQ(Stored("BaseAddress2"), "999");
+    EXPECT_EQ(Stored("Brd2RNam1"), "Other");
 }
 
 TEST_F(Configuration, SeveralBadValuesShowOneLoadErrorBoxAndTheRestStillLoads) {
@@ -230,29 +239,6 @@ TEST_F(Configuration, StoredFlagsCompareAsNumbers) {
         }
         Put(name, "1");
     }
-}
-
-TEST_F(Configuration, ALoadRecordsWhereTheProgramNowStandsWithoutAWord) {
-    Put("InstallPath", "/opt/old/place");
-    Put("InstallName", "oldname");
-    Load();
-    EXPECT_TRUE(t.messages.shown.empty());
-    EXPECT_EQ(ConfigurationLoadInstallPath(s), ProgramDirectory());
-    EXPECT_EQ(ConfigurationLoadInstallName(s), ProgramName());
-}
-
-TEST_F(Configuration, ValuesOfOtherBoardsSurviveALoadAndASave) {
-    const std::pair<const char*, const char*> others[] = {
-        {"ChipSetType2", "CBRelay16B"}, {"BaseAddress2", "770"}, {"Brd2RNam3", "Fan"},
-        {"ResetOnExit4", "0"},          {"Brd4RNam8", "Last"},
-    };
-    for (const auto& [name, text] : others)
-        Put(name, text);
-    Load();
-    m.Board[1].BaseAddress = 1;  // not this build's board: never saved
-    ConfigurationSaveToReg(s);
-    for (const auto& [name, text] : others)
-        EXPECT_EQ(Stored(name), text) << name;
 }
 
 TEST_F(Configuration, TheSingleSavesStampNoVersionAndTheDeletesRemoveBothKeys) {

@@ -79,8 +79,7 @@ class ProgramConfiguration : public ::testing::Test {
         BoardRecord& b = t.mod().Board[0];
         b.CntlAddress = 0x303;
         b.PortConfigValue = 0x80;
-        b.LogBoard = 1;
-        b.ResetOnExit = 1;
+        b.LogBoard = b.ResetOnExit = 1;
         ConfigurationSaveToReg(t.s);
     }
 };
@@ -230,8 +229,7 @@ class LogDirectoryChooser : public ::testing::Test {
     void SetUp() override {
         QDir(QString::fromStdString(logs.Path())).mkpath("daily");
         t.mod().LogFilePath = logs.Path();
-        t.mod().Board[0].LogBoard = 1;
-        t.mod().Board[0].ResetOnExit = 1;
+        t.mod().Board[0].LogBoard = t.mod().Board[0].ResetOnExit = 1;
         ConfigurationSaveToReg(t.s);
     }
     std::string Daily() const { return logs.Path() + "daily"; }
