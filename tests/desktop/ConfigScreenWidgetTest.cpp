@@ -202,21 +202,6 @@ TEST_F(ConfigScreenWidgetTest, NamesCheckBoxesAndTheLogPath) {
     EXPECT_TRUE(P().txtRelayName[7]->isEnabled());
 }
 
-TEST_F(ConfigScreenWidgetTest, SaveStoresTheControlsAndAResetWaitsForIt) {
-    Open();
-    w->Menu("mnuResetNamesDefaults")->trigger();
-    EXPECT_EQ(P().txtRelayName[2]->text(), "Relay: 3");
-    EXPECT_FALSE(w->cmdSave->isEnabled()) << "a reset does not mark the screen changed";
-    EXPECT_EQ(t.mod().Board[0].RelayName[2], "Relay 3");
-    w->Menu("mnuResetAll")->trigger();
-    ASSERT_TRUE(w->cmdSave->isEnabled()) << "the warn box flipped";
-    QTest::mouseClick(w->cmdSave, Qt::LeftButton);
-    EXPECT_EQ(Stored("Brd1RNam3"), "Relay: 3");
-    EXPECT_EQ(Stored("ColorNameBkgrnd"), "65535");
-    EXPECT_FALSE(w->cmdSave->isEnabled());
-    EXPECT_TRUE(w->isVisible()) << "the screen stays open";
-}
-
 // Closing a changed screen asks; Yes stores only what reached the shared state (a status
 // colour waits for Save and is lost), No reloads the store, Cancel keeps the screen.
 TEST_F(ConfigScreenWidgetTest, ClosingAChangedScreenAsks) {
@@ -267,14 +252,17 @@ TEST_F(ConfigScreenWidgetTest, ACancelledColourChoiceChangesNothing) {
 }
 
 // The colour menu goes with the colour buttons, the names' reset with the board controls.
-TEST_F(ConfigScreenWidgetTest, TheThreeCutsOfTheDesign) {
+TEST_F(ConfigScreenWidgetTest, TheThreeCutsOfTheDesignAndTheirResetsAndSave) {
     using enum ConfigScreenKind;
     const std::tuple<ConfigScreenKind, const char*, bool, bool, const char*> cases[] = {
         {Configuration, "Configure", true, true, "Cancel Changes"},
         {ConfigBoards, "Configure Board Address & Logging Options", true, false, "Cancel"},
         {ConfigColors, "Configure Color Preferences", false, true, "Cancel"},
     };
+    const ModRelay stored = t.mod();
     for (const auto& [kind, title, boards, colors, cancel] : cases) {
+        t.mod() = stored;
+        ConfigurationSaveToReg(t.s);
         Open(kind);
         SCOPED_TRACE(title);
         EXPECT_EQ(w->windowTitle(), title);
@@ -284,12 +272,21 @@ TEST_F(ConfigScreenWidgetTest, TheThreeCutsOfTheDesign) {
         EXPECT_EQ(w->Menu("mnuResetNamesDefaults")->isVisible(), boards);
         EXPECT_EQ(w->cmdCancel->text(), cancel);
         EXPECT_EQ(w->Menu("mnuFileCancel")->text(), "Cancel (Does not Change Configuration)");
-        // Reset All fills this screen's controls only; only a check box marks it changed.
+        // The resets fill this screen's controls only, and only a check box marks it changed:
+        // names and colours wait for Save, which stores them and keeps the screen open.
+        if (boards) w->Menu("mnuResetNamesDefaults")->trigger();
+        EXPECT_FALSE(w->cmdSave->isEnabled());
         w->Menu("mnuResetAll")->trigger();
         EXPECT_EQ(w->cmdSave->isEnabled(), boards);
         EXPECT_TRUE(!boards || P().txtRelayName[0]->text() == "Relay: 1");
         EXPECT_TRUE(!colors || w->Colors->cmdSetColorIndicator[0]->ColorShown() == 65535);
-        EXPECT_EQ(t.mod().ColorNameBkgrnd, kNameBk) << "colours wait for Save";
+        EXPECT_EQ(t.mod().ColorNameBkgrnd, kNameBk);
+        EXPECT_EQ(t.mod().Board[0].RelayName[0], "Relay 1");
+        QTest::mouseClick(w->cmdSave, Qt::LeftButton);
+        EXPECT_FALSE(w->cmdSave->isEnabled());
+        EXPECT_TRUE(w->isVisible());
+        EXPECT_EQ(Stored("Brd1RNam1"), boards ? "Relay: 1" : "Relay 1");
+        EXPECT_EQ(Stored("ColorNameBkgrnd"), boards && colors ? "65535" : std::to_string(kNameBk));
     }
 }
 
