@@ -30,7 +30,7 @@ class ConfigScreenTest : public ::testing::Test {
     void Configured(Flag warn) {
         m.Board[0].LogBoard = m.Board[0].ResetOnExit = 1;
         m.WarnOverLapTime = warn;
-        m.LogFilePath = temp.dir().Slashed();
+        m.LogFilePath = temp.dir().Path();
         ConfigurationSaveToReg(s);
         ConfigurationLoadFromReg(s);
         t.messages.shown.clear();

@@ -13,7 +13,7 @@
 namespace vantrellion {
 namespace {
 
-using test::TempDirectory;
+using test::TempDir;
 
 constexpr RegRoot kMachine = 0x80000002u;
 constexpr RegRoot kUser = 0x80000001u;
@@ -61,8 +61,8 @@ std::string RawQuery(const std::string& path, const std::string& sql) {
 }
 
 TEST(KeyValueStore, KeyFormsAndCaseReachOneKeyAndParentsAreCreated) {
-    TempDirectory dir;
-    KeyValueStore store(dir.Slashed() + "store.db");
+    TempDir dir;
+    KeyValueStore store(dir.Path() + "store.db");
     ASSERT_EQ(Set(store, "\\\\SOFTWARE\\\\Vantrellion\\Config\\", "LogFileName", "a.log"),
               StoreStatus::Ok);
     EXPECT_EQ(ReadText(store, kConfig, "LogFileName"), "a.log");
@@ -76,8 +76,8 @@ TEST(KeyValueStore, KeyFormsAndCaseReachOneKeyAndParentsAreCreated) {
 }
 
 TEST(KeyValueStore, DeletesAKeyWithItsValuesButNotOneWithSubkeys) {
-    TempDirectory dir;
-    KeyValueStore store(dir.Slashed() + "store.db");
+    TempDir dir;
+    KeyValueStore store(dir.Path() + "store.db");
     ASSERT_EQ(Set(store, "A\\B\\C", "v", "1"), StoreStatus::Ok);
     ASSERT_EQ(Set(store, "A\\B", "w", "2"), StoreStatus::Ok);
     ASSERT_EQ(Set(store, "A\\BC", "x", "3"), StoreStatus::Ok);
@@ -96,8 +96,8 @@ TEST(KeyValueStore, DeletesAKeyWithItsValuesButNotOneWithSubkeys) {
 // Each connection sees the other's latest write at once, and a later one (a restart) finds all,
 // a text with a NUL included, in a file kept in WAL mode.
 TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
-    TempDirectory dir;
-    const std::string file = dir.Slashed() + "sub/dir/store.db";  // the folder is made on need
+    TempDir dir;
+    const std::string file = dir.Path() + "sub/dir/store.db";  // the folder is made on need
     {
         KeyValueStore first(file, 2000), second(file, 2000);
         for (int i = 0; i < 100; ++i) {
@@ -123,17 +123,17 @@ TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
 TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
     std::string validDb, otherTables;
     {
-        TempDirectory dir;
+        TempDir dir;
         {
-            KeyValueStore store(dir.Slashed() + "store.db");
+            KeyValueStore store(dir.Path() + "store.db");
             for (int i = 0; i < 200; ++i)
                 Set(store, "K" + std::to_string(i % 7), "v" + std::to_string(i),
                     std::string(100, 'x'));
         }
-        validDb = FileBytes(dir.Slashed() + "store.db");
+        validDb = FileBytes(dir.Path() + "store.db");
         ASSERT_GT(validDb.size(), 8192u);
-        RawQuery(dir.Slashed() + "other.db", "CREATE TABLE keys (a)");
-        otherTables = FileBytes(dir.Slashed() + "other.db");
+        RawQuery(dir.Path() + "other.db", "CREATE TABLE keys (a)");
+        otherTables = FileBytes(dir.Path() + "other.db");
     }
     const std::pair<const char*, std::string> cases[] = {
         {"garbage", std::string(5000, '\x5a')},
@@ -143,8 +143,8 @@ TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
     };
     for (const auto& [name, bytes] : cases) {
         SCOPED_TRACE(name);
-        TempDirectory dir;
-        const std::string file = dir.Slashed() + "store.db";
+        TempDir dir;
+        const std::string file = dir.Path() + "store.db";
         std::ofstream(file, std::ios::binary) << bytes;
         KeyValueStore store(file);
         StoredValue v;
@@ -163,8 +163,8 @@ TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
 }
 
 TEST(KeyValueStore, ALockedStoreFailsWithinTheBusyTimeoutAndIsToldOnce) {
-    TempDirectory dir;
-    const std::string file = dir.Slashed() + "store.db";
+    TempDir dir;
+    const std::string file = dir.Path() + "store.db";
     KeyValueStore store(file, 300);
     ASSERT_EQ(Set(store, "K", "before", "1"), StoreStatus::Ok);
 
@@ -199,8 +199,8 @@ TEST(KeyValueStore, ALockedStoreFailsWithinTheBusyTimeoutAndIsToldOnce) {
 
 TEST(KeyValueStore, AReadOnlyFileIsReadAndRefusesWrites) {
     if (geteuid() == 0) GTEST_SKIP() << "file permissions do not bind the superuser";
-    TempDirectory dir;
-    const std::string file = dir.Slashed() + "store.db";
+    TempDir dir;
+    const std::string file = dir.Path() + "store.db";
     {
         KeyValueStore store(file);
         ASSERT_EQ(Set(store, "K", "v", "1"), StoreStatus::Ok);

@@ -117,7 +117,7 @@ TEST_F(Configuration, ASaveFillsEmptyPathsAndNamesAndBlanksEmptyTexts) {
     EXPECT_EQ(ConfigurationSaveToReg(s), 0);
     EXPECT_TRUE(t.messages.shown.empty());
     const std::tuple<const char*, std::string, std::string&> expected[] = {
-        {"LogFilePath", temp.dir().Slashed(), m.LogFilePath},  // the machine directory
+        {"LogFilePath", temp.dir().Path(), m.LogFilePath},  // the machine directory
         {"LogFileName", "VantrellionLog.Log", m.LogFileName},
         {"DataFilePath", ProgramDirectory(), m.DataFilePath},
         {"DataFileName", "New.run", m.DataFileName},

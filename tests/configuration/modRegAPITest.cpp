@@ -135,13 +135,13 @@ TEST_F(RegApi, WithoutAStoreEveryKeyIsMissingAndEveryWriteRefused) {
 
 TEST_F(RegApi, AStoreProblemIsExplainedOnceBeforeTheLayersOwnBoxes) {
     // A store whose folder cannot be made: told once, and the run goes on in memory.
-    test::TempDirectory dir;
-    { std::ofstream(dir.Slashed() + "file") << "x"; }
-    KeyValueStore broken(dir.Slashed() + "file/store.db");
+    test::TempDir dir;
+    { std::ofstream(dir.Path() + "file") << "x"; }
+    KeyValueStore broken(dir.Path() + "file/store.db");
     s.platform.store = &broken;
     EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "REGKEYNOTFOUND");
     ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_NE(t.messages.shown[0].Prompt.find(dir.Slashed() + "file/store.db"), std::string::npos);
+    EXPECT_NE(t.messages.shown[0].Prompt.find(dir.Path() + "file/store.db"), std::string::npos);
     EXPECT_NE(t.messages.shown[0].Prompt.find("cannot be opened"), std::string::npos);
     EXPECT_EQ(t.messages.shown[0].BoxIcon, Icon::Exclamation);
     RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "A", "1");

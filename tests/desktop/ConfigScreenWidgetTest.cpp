@@ -39,7 +39,7 @@ class ConfigScreenWidgetTest : public ::testing::Test {
     void SetUp() override {
         t.mod().Board[0].LogBoard = t.mod().Board[0].ResetOnExit = 1;
         t.mod().WarnOverLapTime = False;
-        t.mod().LogFilePath = temp.dir().Slashed();
+        t.mod().LogFilePath = temp.dir().Path();
         ConfigurationSaveToReg(t.s);
     }
     void TearDown() override { w.reset(); }
@@ -194,8 +194,8 @@ TEST_F(ConfigScreenWidgetTest, NamesCheckBoxesAndTheLogPath) {
 
     // A typed directory is thrown away when the field is left.
     Enter(P().txtLogFilePath, "/tmp/elsewhere");
-    EXPECT_EQ(P().txtLogFilePath->text().toStdString(), temp.dir().Slashed());
-    EXPECT_EQ(t.mod().LogFilePath, temp.dir().Slashed());
+    EXPECT_EQ(P().txtLogFilePath->text().toStdString(), temp.dir().Path());
+    EXPECT_EQ(t.mod().LogFilePath, temp.dir().Path());
 
     EXPECT_FALSE(P().cmbBaseAddress[1]->isEnabled());
     EXPECT_FALSE(P().txtRelayName[8]->isEnabled());

@@ -18,7 +18,7 @@ class Resources : public ::testing::Test {
   protected:
     void SetUp() override {
         if (const char* old = getenv("TMPDIR")) savedTmp_ = old;
-        setenv("TMPDIR", dir.Path().c_str(), 1);
+        setenv("TMPDIR", Tmp().toStdString().c_str(), 1);
     }
     void TearDown() override {
         if (savedTmp_)
@@ -26,8 +26,10 @@ class Resources : public ::testing::Test {
         else
             unsetenv("TMPDIR");
     }
-    // The temporary directory, with what follows.
-    QString Tmp(const char* rest = "") const { return QString::fromStdString(dir.Path()) + rest; }
+    // The temporary directory without its trailing "/", with what follows.
+    QString Tmp(const char* rest = "") const {
+        return QString::fromStdString(dir.Path()).chopped(1) + rest;
+    }
     QStringList TempFiles() const { return QDir(Tmp()).entryList(QDir::Files); }
     static QByteArray Read(const QString& file) {
         QFile f(file);
@@ -35,7 +37,7 @@ class Resources : public ::testing::Test {
         return f.readAll();
     }
 
-    test::TempDirectory dir;
+    test::TempDir dir;
 
   private:
     std::optional<std::string> savedTmp_;
