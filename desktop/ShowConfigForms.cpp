@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "desktop/FirstRunScreens.h"
 #include "desktop/QtConvert.h"
 #include "desktop/frmConfigBoards.h"
 #include "desktop/frmConfigColors.h"
@@ -30,6 +29,11 @@ void ShowConfigColorsForm(System& s, ColorChooser* chooser) {
 void ShowLogFilePathForm(System& s) {
     frmLogFilePath form(s);
     form.exec();
+}
+
+int DisplayHeightTwips() {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->geometry().height() * TwipsPerPixel : 0;
 }
 
 int DisplayWidthTwips() {

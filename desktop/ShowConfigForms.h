@@ -16,7 +16,8 @@ void ShowConfigBoardsForm(System& s, ColorChooser* chooser = nullptr);
 void ShowConfigColorsForm(System& s, ColorChooser* chooser = nullptr);
 void ShowLogFilePathForm(System& s);
 
-// The width of the primary display, in twips.
+// The height and width of the primary display, in twips.
+int DisplayHeightTwips();
 int DisplayWidthTwips();
 
 // The configuration screens on this display, for the start-up check and the File menu.

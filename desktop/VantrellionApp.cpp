@@ -38,10 +38,6 @@ VantrellionApp::VantrellionApp(Options o) {
     store_ = std::make_unique<KeyValueStore>(o.machineDirectory + "store.db");
     p.store = store_.get();
     p.configuration = &configurationSaves_;
-    // The start-up check's first run opens the real configuration screens.
-    firstRun_.configuration = [this] { ShowConfigurationForm(s_); };
-    firstRun_.configBoards = [this] { ShowConfigBoardsForm(s_); };
-    firstRun_.configColors = [this] { ShowConfigColorsForm(s_); };
     timer_.SetEnabled(false);
     QObject::connect(timer_.Timer(), &QTimer::timeout,
                      [this] { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });

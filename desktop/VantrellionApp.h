@@ -10,8 +10,8 @@
 #include "configuration/KeyValueStore.h"
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
-#include "desktop/FirstRunScreens.h"
 #include "desktop/QtPlatform.h"
+#include "desktop/ShowConfigForms.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
 
@@ -37,8 +37,6 @@ class VantrellionApp {
     frmRelay* MainWindow() { return main_.get(); }
     frmSplash* Splash() { return splash_.get(); }
     QtCheckTimer& Timer() { return timer_; }
-    // The configuration screens that the start-up check opens on a first run.
-    DesktopFirstRunScreens& FirstRun() { return firstRun_; }
 
     // Closes every window that is still open.
     void UnloadAllForms();
@@ -58,7 +56,8 @@ class VantrellionApp {
     std::unique_ptr<Ports> libraryPorts_;
     std::unique_ptr<KeyValueStore> store_;
     ConfigurationStoreAdapter configurationSaves_{s_};
-    DesktopFirstRunScreens firstRun_;
+    // The configuration screens that the start-up check opens on a first run.
+    DesktopConfigurationScreens firstRun_{s_};
     std::unique_ptr<InstanceLock> instanceLock_;
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmRelay> main_;
