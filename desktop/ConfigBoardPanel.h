@@ -11,7 +11,7 @@
 #include <QWidget>
 #include <array>
 
-#include "configuration/ConfigScreen.h"
+#include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 

@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <array>
 
-#include "configuration/ConfigScreen.h"
+#include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 

@@ -8,9 +8,9 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "configuration/ConfigScreenFields.h"
-#include "configuration/ConfigScreenLogic.h"
-#include "configuration/ConfigScreenToolTips.h"
+#include "configuration/screens/ConfigScreenFields.h"
+#include "configuration/screens/ConfigScreenLogic.h"
+#include "configuration/screens/ConfigScreenToolTips.h"
 #include "desktop/EventGuard.h"
 #include "desktop/QtConvert.h"
 #include "desktop/ShowConfigForms.h"

@@ -12,7 +12,7 @@
 #include <map>
 #include <memory>
 
-#include "configuration/ConfigScreen.h"
+#include "configuration/screens/ConfigScreen.h"
 #include "desktop/ColorChooser.h"
 #include "desktop/ConfigBoardPanel.h"
 #include "desktop/ConfigColorPanel.h"

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-#include "configuration/ConfigurationCommands.h"
+#include "configuration/screens/ConfigurationCommands.h"
 #include "desktop/ColorChooser.h"
 
 namespace vantrellion {

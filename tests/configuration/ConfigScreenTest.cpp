@@ -2,9 +2,9 @@
 
 #include <stdexcept>
 
-#include "configuration/ConfigScreenFields.h"
-#include "configuration/ConfigScreenLogic.h"
-#include "configuration/ConfigScreenToolTips.h"
+#include "configuration/screens/ConfigScreenFields.h"
+#include "configuration/screens/ConfigScreenLogic.h"
+#include "configuration/screens/ConfigScreenToolTips.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 #include "support/Fakes.h"

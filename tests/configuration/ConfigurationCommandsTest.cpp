@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "configuration/ConfigurationCommands.h"
+#include "configuration/screens/ConfigurationCommands.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 #include "logging/LogFilePathChoice.h"

@@ -1,4 +1,4 @@
-#include "core/MainScreenLifecycle.h"
+#include "mainscreen/MainScreenLifecycle.h"
 
 #include "boardio/BoardSetup.h"
 #include "core/CheckTimeControl.h"

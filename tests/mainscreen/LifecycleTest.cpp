@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/InstanceLock.h"
-#include "core/MainScreenLifecycle.h"
+#include "mainscreen/MainScreenLifecycle.h"
 #include "core/ResetRelayRecords.h"
 #include "runfile/CrashRestart.h"
 #include "support/Fakes.h"

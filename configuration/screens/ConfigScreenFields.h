@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "configuration/ConfigScreen.h"
+#include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 

@@ -1,4 +1,4 @@
-#include "configuration/ConfigurationCommands.h"
+#include "configuration/screens/ConfigurationCommands.h"
 
 #include <array>
 

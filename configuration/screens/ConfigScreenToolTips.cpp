@@ -1,4 +1,4 @@
-#include "configuration/ConfigScreenToolTips.h"
+#include "configuration/screens/ConfigScreenToolTips.h"
 
 #include <map>
 

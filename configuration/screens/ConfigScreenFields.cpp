@@ -1,9 +1,9 @@
-#include "configuration/ConfigScreenFields.h"
+#include "configuration/screens/ConfigScreenFields.h"
 
 #include <algorithm>
 #include <cstdio>
 
-#include "configuration/ConfigScreenLogic.h"
+#include "configuration/screens/ConfigScreenLogic.h"
 #include "configuration/NumericText.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"

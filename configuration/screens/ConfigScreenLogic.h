@@ -7,7 +7,7 @@
 #include <string>
 
 #include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/ConfigScreen.h"
+#include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 

@@ -1,4 +1,4 @@
-#include "configuration/ConfigScreen.h"
+#include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 

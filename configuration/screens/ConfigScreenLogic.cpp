@@ -1,6 +1,6 @@
-#include "configuration/ConfigScreenLogic.h"
+#include "configuration/screens/ConfigScreenLogic.h"
 
-#include "configuration/ConfigScreenFields.h"
+#include "configuration/screens/ConfigScreenFields.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
