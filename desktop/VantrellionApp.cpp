@@ -8,16 +8,17 @@
 
 #include "boardio/LibraryPorts.h"
 #include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/screens/ConfigurationCommands.h"
 #include "configuration/clsWin32Version.h"
+#include "configuration/screens/ConfigurationCommands.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
-#include "mainscreen/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
 #include "desktop/ShowConfigForms.h"
+#include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
+#include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "runfile/FileCommands.h"
 
@@ -138,6 +139,7 @@ void VantrellionApp::WireMenus() {
         splash->setAttribute(Qt::WA_DeleteOnClose);
         splash->exec();
     });
+    WireStateToolMenus(w, s_);
 }
 
 void VantrellionApp::UnloadAllForms() {

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "configuration/clsExeOrIDE.h"
 #include "desktop/QtConvert.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 
@@ -244,17 +245,21 @@ void frmRelay::BuildMenus() {
     menus_.emplace("mnuToolRunOnBoot", boot);
     actions_.emplace("mnuToolRunOnBoot", boot->menuAction());
 
-    QMenu* dev = top("mnuDev", "Dev");
-    AddItem(dev, "mnuDevPrintResourceFile", "Print Resource File");
-    AddItem(dev, "mnuDevTestRoutine", "Test Routine");
-    AddItem(dev, "mnuDevStepCautionMessageBox", "Step Caution Message Box ( 1)");
-    AddItem(dev, "mnuDevStepErrorMessageBox", "Step Error     Message Box (10)");
-    AddItem(dev, "mnuDevStepErrorMsgBox", "Step Error     MsgBox          (15)");
-    AddItem(dev, "mnuDevStepInfoMessageBox", "Step Info      Message Box  ( 2)");
-    AddItem(dev, "mnuDevStepInfoMsgBox", "Step Info      MsgBox           ( 4)");
-    AddItem(dev, "mnuDevTestConfigBoards", "Test Config Boards");
-    AddItem(dev, "mnuDevTestConfigColors", "Test Config Colors");
-    dev->menuAction()->setVisible(false);
+    // The developer menu is built only in a development build, hidden until the menus are
+    // refreshed; a delivered program has none at all.
+    if (RunningInIDE() != 0) {
+        QMenu* dev = top("mnuDev", "Dev");
+        AddItem(dev, "mnuDevPrintResourceFile", "Print Resource File");
+        AddItem(dev, "mnuDevTestRoutine", "Test Routine");
+        AddItem(dev, "mnuDevStepCautionMessageBox", "Step Caution Message Box ( 1)");
+        AddItem(dev, "mnuDevStepErrorMessageBox", "Step Error     Message Box (10)");
+        AddItem(dev, "mnuDevStepErrorMsgBox", "Step Error     MsgBox          (15)");
+        AddItem(dev, "mnuDevStepInfoMessageBox", "Step Info      Message Box  ( 2)");
+        AddItem(dev, "mnuDevStepInfoMsgBox", "Step Info      MsgBox           ( 4)");
+        AddItem(dev, "mnuDevTestConfigBoards", "Test Config Boards");
+        AddItem(dev, "mnuDevTestConfigColors", "Test Config Colors");
+        dev->menuAction()->setVisible(false);
+    }
 
     QMenu* state = top("mnuState", "States/Inputs");
     for (int n = 0; n < 4; ++n) {
