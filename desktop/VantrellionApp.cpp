@@ -16,6 +16,7 @@
 #include "mainscreen/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
+#include "desktop/RunOnBootMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "engine/Tick.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
@@ -133,6 +134,7 @@ void VantrellionApp::WireMenus() {
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
+    WireRunOnBootMenu(w, s_);
     w.OnMenu("mnuHelpSplash", [](int) {
         auto* splash = new frmSplash();
         splash->setAttribute(Qt::WA_DeleteOnClose);

@@ -243,6 +243,9 @@ void frmRelay::BuildMenus() {
     boot->menuAction()->setObjectName("mnuToolRunOnBoot");
     menus_.emplace("mnuToolRunOnBoot", boot);
     actions_.emplace("mnuToolRunOnBoot", boot->menuAction());
+    AddItem(boot, "mnuToolRunOnBootOnce", "Next Time");
+    AddItem(boot, "mnuToolRunOnBootAlways", "Always");
+    AddItem(boot, "mnuToolRunOnBootNever", "Never");
 
     QMenu* dev = top("mnuDev", "Dev");
     AddItem(dev, "mnuDevPrintResourceFile", "Print Resource File");
