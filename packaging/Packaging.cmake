@@ -14,7 +14,13 @@ set(VANTRELLION_MAINTAINER "Vantrellion developers <maintainers@vantrellion.org>
 
 set(PKG_SRC ${CMAKE_SOURCE_DIR}/packaging)
 set(PKG_BIN ${CMAKE_BINARY_DIR}/packaging)
-set(PKG_LIBDIR lib/vantrellion)
+# The multiarch folder (lib/x86_64-linux-gnu/vantrellion on amd64), where the dynamic loader's
+# cache is not involved: the port library is loaded by its full path.
+if(CMAKE_LIBRARY_ARCHITECTURE)
+  set(PKG_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE}/vantrellion)
+else()
+  set(PKG_LIBDIR lib/vantrellion)
+endif()
 set(PKG_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/vantrellion)
 
 install(TARGETS vantrellion RUNTIME DESTINATION ${PKG_LIBDIR})
@@ -64,14 +70,13 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${VANTRELLION_HOMEPAGE})
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}
- Vantrellion runs a daily time schedule for the relays of a digital I/O board
- unattended: about once a second it works out for each relay whether it
- should be on, drives the board's output port, reads outputs and inputs back,
- shows one row per relay, counts input events and keeps a daily log. Without
- a board it runs in emulation mode.
- .
- It must never be used for life-support systems.")
+    "Vantrellion runs a daily time schedule for the relays of a digital I/O board
+unattended: about once a second it works out for each relay whether it
+should be on, drives the board's output port, reads outputs and inputs back,
+shows one row per relay, counts input events and keeps a daily log. Without
+a board it runs in emulation mode.
+
+It must never be used for life-support systems.")
 # Only what the program needs: the tests and the benchmark are not installed.
 set(CPACK_INSTALL_CMAKE_PROJECTS "${CMAKE_BINARY_DIR};Vantrellion;ALL;/")
 include(CPack)

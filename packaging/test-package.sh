@@ -45,7 +45,7 @@ else
 fi
 
 # lintian: errors fail; the warnings are shown.
-if lintian --fail-on error --no-tag-display-limit "$deb"; then
+if lintian --fail-on error --tag-display-limit 0 "$deb"; then
     pass "lintian: no errors"
 else
     fail "lintian reports errors"
@@ -53,10 +53,11 @@ fi
 
 # The contents.
 dpkg-deb -c "$deb" | awk '{ $1 = $2 = $3 = $4 = $5 = ""; sub(/^ +/, ""); print }' > "$tmp/contents"
+libdir=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/vantrellion
 expected=(
-    "./usr/lib/vantrellion/vantrellion"
-    "./usr/lib/vantrellion/libVantrellion.so"
-    "./usr/bin/vantrellion -> ../lib/vantrellion/vantrellion"
+    "./$libdir/vantrellion"
+    "./$libdir/libVantrellion.so"
+    "./usr/bin/vantrellion -> ../${libdir#usr/}/vantrellion"
     "./usr/share/applications/org.vantrellion.Vantrellion.desktop"
     "./usr/share/metainfo/org.vantrellion.Vantrellion.metainfo.xml"
     "./usr/share/man/man1/vantrellion.1.gz"
@@ -80,7 +81,7 @@ echo "Depends: $depends"
 for lib in libc6 libqt6widgets6 libsqlite3-0 libstdc++6; do
     [[ $depends == *"$lib"* ]] || fail "Depends lacks $lib"
 done
-file "$root/usr/lib/vantrellion/vantrellion" | grep -q "stripped" || fail "the program is not stripped"
+file "$root/$libdir/vantrellion" | grep -q "stripped" || fail "the program is not stripped"
 [ $failures -eq 0 ] && pass "package contents"
 
 # Unpacked and started: with a new home there is no configuration, so the program stops at the
