@@ -21,35 +21,15 @@
 #include <string>
 #include <vector>
 
+#include "configuration/KeyValueBackend.h"
+
 struct sqlite3;
 
 namespace vantrellion {
 
-using RegRoot = uint32_t;
-
-// Stored types: a text, or a 32-bit number.
-inline constexpr int32_t RegTypeText = 1;
-inline constexpr int32_t RegTypeNumber = 4;
-
 inline constexpr int DefaultBusyTimeoutMs = 5000;
 
-enum class StoreStatus {
-    Ok,
-    KeyNotFound,
-    ValueNotFound,
-    Refused,  // the store will not do it: a key with subkeys, or a root key, cannot be deleted
-    Failed,   // the database could not do it (locked, read-only, disk full, damaged)
-};
-
-// A value as stored: its type, and its data, a text or an integer when it holds one.
-struct StoredValue {
-    int32_t Type = 0;
-    enum class Data { None, Text, Integer } Kind = Data::None;
-    std::string Text;
-    int64_t Integer = 0;
-};
-
-class KeyValueStore {
+class KeyValueStore : public KeyValueBackend {
   public:
     // filePath is store.db with its directory, which is created at the first use when missing.
     explicit KeyValueStore(std::string filePath, int busyTimeoutMs = DefaultBusyTimeoutMs);
@@ -63,17 +43,18 @@ class KeyValueStore {
     // "SOFTWARE\Vantrellion\Config".
     static std::string NormaliseKeyPath(const std::string& keyPath);
 
-    StoreStatus KeyExists(RegRoot root, const std::string& keyPath);
+    StoreStatus KeyExists(RegRoot root, const std::string& keyPath) override;
     // Creates the key and its missing parents; Ok when it exists already.
-    StoreStatus CreateKey(RegRoot root, const std::string& keyPath);
+    StoreStatus CreateKey(RegRoot root, const std::string& keyPath) override;
     StoreStatus QueryValue(RegRoot root, const std::string& keyPath, const std::string& name,
-                           StoredValue& out);
+                           StoredValue& out) override;
     // Stores the value, creating its key (and parents) if needed.
     StoreStatus SetValue(RegRoot root, const std::string& keyPath, const std::string& name,
-                         const StoredValue& value);
-    StoreStatus DeleteValue(RegRoot root, const std::string& keyPath, const std::string& name);
+                         const StoredValue& value) override;
+    StoreStatus DeleteValue(RegRoot root, const std::string& keyPath,
+                            const std::string& name) override;
     // Deletes a key with its values. A key that still has subkeys is refused.
-    StoreStatus DeleteKey(RegRoot root, const std::string& keyPath);
+    StoreStatus DeleteKey(RegRoot root, const std::string& keyPath) override;
     // The names of the values of a key, in the order of their names.
     StoreStatus ValueNames(RegRoot root, const std::string& keyPath,
                            std::vector<std::string>& names);
@@ -82,7 +63,7 @@ class KeyValueStore {
     bool InMemory() const { return inMemory_; }
 
     // The notices that are due for the user, each told once; the list is emptied.
-    std::vector<std::string> TakeNotices();
+    std::vector<std::string> TakeNotices() override;
 
   private:
     enum class Problem { Damaged, CannotOpen, ReadOnly, Locked, DiskFull, IoError, Count };

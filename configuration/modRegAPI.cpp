@@ -2,12 +2,28 @@
 
 #include <optional>
 
+#include "configuration/AutostartFolders.h"
 #include "configuration/NumericText.h"
 #include "core/FatalError.h"
 
 namespace vantrellion {
 
 namespace {
+
+// The place that holds a key: the autostart folders for the platform's start-up lists, the
+// store for every other key.
+class StoreFor {
+  public:
+    StoreFor(System& s, const std::string& keyPath)
+        : folders_({s.platform.autostartMachineDirectory, s.platform.autostartUserDirectory}),
+          store_(StartupListName(keyPath).empty() ? static_cast<KeyValueBackend*>(s.platform.store)
+                                                  : &folders_) {}
+    KeyValueBackend* get() const { return store_; }
+
+  private:
+    AutostartFolders folders_;
+    KeyValueBackend* store_;
+};
 
 void LayerBox(System& s, const std::string& text) {
     s.Message(MessageBoxRequest{text, Buttons::OK, Icon::None, 1, AppTitle});
@@ -44,7 +60,8 @@ void ShowStoreNotices(System& s) {
 }
 
 void RegDeleteKey(System& s, RegRoot root, const std::string& keyPath) {
-    KeyValueStore* store = s.platform.store;
+    const StoreFor place(s, keyPath);
+    KeyValueBackend* store = place.get();
     // The open for setting values comes first; its failure is told and the delete still runs.
     const StoreStatus open = store ? store->KeyExists(root, keyPath) : StoreStatus::Failed;
     ShowStoreNotices(s);
@@ -56,7 +73,8 @@ void RegDeleteKey(System& s, RegRoot root, const std::string& keyPath) {
 
 void RegDeleteValue(System& s, RegRoot root, const std::string& keyPath,
                     const std::string& valueName) {
-    KeyValueStore* store = s.platform.store;
+    const StoreFor place(s, keyPath);
+    KeyValueBackend* store = place.get();
     const StoreStatus open = store ? store->KeyExists(root, keyPath) : StoreStatus::Failed;
     ShowStoreNotices(s);
     if (open != StoreStatus::Ok) {
@@ -73,7 +91,8 @@ void RegDeleteValue(System& s, RegRoot root, const std::string& keyPath,
 
 std::string RegReadWithSentinels(System& s, RegRoot root, const std::string& keyPath,
                                  const std::string& valueName) {
-    KeyValueStore* store = s.platform.store;
+    const StoreFor place(s, keyPath);
+    KeyValueBackend* store = place.get();
     if (!store) return REGKEYNOTFOUND;
     StoredValue v;
     const StoreStatus st = store->QueryValue(root, keyPath, valueName, v);
@@ -93,7 +112,8 @@ std::string RegReadWithSentinels(System& s, RegRoot root, const std::string& key
 
 std::string RegReadWithMessages(System& s, RegRoot root, const std::string& keyPath,
                                 const std::string& valueName) {
-    KeyValueStore* store = s.platform.store;
+    const StoreFor place(s, keyPath);
+    KeyValueBackend* store = place.get();
     StoredValue v;
     const StoreStatus st =
         store ? store->QueryValue(root, keyPath, valueName, v) : StoreStatus::Failed;
@@ -115,7 +135,8 @@ void RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const st
         LayerBox(s, "Bad input to creat value\r\nValue =  " + value);
         return;
     }
-    KeyValueStore* store = s.platform.store;
+    const StoreFor place(s, keyPath);
+    KeyValueBackend* store = place.get();
     const StoreStatus open = store ? store->CreateKey(root, keyPath) : StoreStatus::Failed;
     ShowStoreNotices(s);
     if (open != StoreStatus::Ok) {

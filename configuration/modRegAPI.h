@@ -4,6 +4,8 @@
 // and the program's title; after a box the operation returns and the caller goes on.
 //
 // The store is s.platform.store; without one, every key is missing and every write refused.
+// The platform's start-up lists (SOFTWARE\Microsoft\Windows\CurrentVersion\Run and its
+// siblings) are held in the autostart folders of the platform instead (AutostartFolders.h).
 #pragma once
 
 #include <string>

@@ -104,6 +104,11 @@ struct Platform {
     // The key/value store (store.db in the machine directory), made by whoever builds the
     // System; without one every key reads as missing and every write is refused.
     KeyValueStore* store = nullptr;
+    // The freedesktop autostart folders that hold the start-up lists (run on boot), each with
+    // its trailing "/": machine-wide and current user. Empty when not known; the lists then
+    // read as missing and writes to them are refused. Tests point them at temporary folders.
+    std::string autostartMachineDirectory;
+    std::string autostartUserDirectory;
 };
 
 struct System {

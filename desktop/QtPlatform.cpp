@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QFileDialog>
+#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
@@ -12,6 +13,10 @@
 #include "desktop/QtConvert.h"
 
 namespace vantrellion {
+
+// Each box's title and text, for a look at an unattended program (off unless switched on with
+// QT_LOGGING_RULES="qt.vantrellion.messagebox=true").
+Q_LOGGING_CATEGORY(lcMessageBox, "qt.vantrellion.messagebox", QtWarningMsg)
 
 DateTime QtClock::Now() {
     const QDateTime now = QDateTime::currentDateTime();
@@ -51,6 +56,7 @@ void QtEventPump::ProcessPendingEvents() {
 }
 
 Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
+    qCDebug(lcMessageBox).noquote() << Q(r.Title) << "|" << Q(r.Prompt);
     QMessageBox box;
     box.setWindowTitle(Q(r.Title));
     // The system's line breaks are CR LF; Qt wants LF.

@@ -15,6 +15,7 @@
 #include "core/MachineDirectory.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
+#include "desktop/RunOnBootMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
@@ -134,6 +135,7 @@ void VantrellionApp::WireMenus() {
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
+    WireRunOnBootMenu(w, s_);
     w.OnMenu("mnuHelpSplash", [](int) {
         auto* splash = new frmSplash();
         splash->setAttribute(Qt::WA_DeleteOnClose);

@@ -244,6 +244,9 @@ void frmRelay::BuildMenus() {
     boot->menuAction()->setObjectName("mnuToolRunOnBoot");
     menus_.emplace("mnuToolRunOnBoot", boot);
     actions_.emplace("mnuToolRunOnBoot", boot->menuAction());
+    AddItem(boot, "mnuToolRunOnBootOnce", "Next Time");
+    AddItem(boot, "mnuToolRunOnBootAlways", "Always");
+    AddItem(boot, "mnuToolRunOnBootNever", "Never");
 
     // The developer menu is built only in a development build, hidden until the menus are
     // refreshed; a delivered program has none at all.
