@@ -1,5 +1,6 @@
 #include "desktop/frmLogFileViewer.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFontDialog>
 #include <QResizeEvent>
@@ -19,6 +20,7 @@ namespace {
 constexpr int kWindowIcon = 235;
 constexpr int kCloseAfterCancelMs = 500;
 constexpr int kMarginTwips = 150;
+constexpr qsizetype kLoadPiece = 64 * 1024;  // characters
 
 bool QtFontDialog(QFont& font, QWidget* parent) {
     bool ok = false;
@@ -39,6 +41,7 @@ frmLogFileViewer::frmLogFileViewer(System& s, QWidget* parent)
     Timer1 = new QTimer(this);
     Timer1->setObjectName("Timer1");
     Timer1->setSingleShot(true);
+    Timer1->setTimerType(Qt::PreciseTimer);
     connect(Timer1, &QTimer::timeout, this, [this] { close(); });
     BuildMenus();
     resize(720, 480);
@@ -112,6 +115,7 @@ void frmLogFileViewer::Form_Load() {
 }
 
 bool frmLogFileViewer::OpenLogFile() {
+    if (loading_) return false;  // an Open from a tick's yield while a file goes in
     const std::optional<std::string> chosen = s_.platform.dialogs->ShowOpen(LogFileOpenRequest(s_));
     if (!chosen) return false;
     setWindowTitle(Q(*chosen));
@@ -130,7 +134,29 @@ bool frmLogFileViewer::LoadText(const QString& path) {
     // Log files are Latin-1 with CR LF line ends.
     QString text = QString::fromLatin1(bytes);
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    rtbViewLogs->setPlainText(text);
+
+    // A log of several megabytes goes in by pieces of whole lines, with the timers served in
+    // between, so that the tick goes on while it loads.
+    loading_ = true;
+    bool first = true;
+    for (qsizetype from = 0; from <= text.size();) {
+        qsizetype to = std::min(from + kLoadPiece, text.size());
+        if (to < text.size()) {
+            const qsizetype lineEnd = text.indexOf('\n', to);
+            to = lineEnd < 0 ? text.size() : lineEnd;
+        }
+        const QString piece = text.mid(from, to - from);
+        if (first)
+            rtbViewLogs->setPlainText(piece);
+        else
+            rtbViewLogs->appendPlainText(piece);  // the line end at "to" starts the new block
+        first = false;
+        from = to + 1;
+        if (from <= text.size())
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    rtbViewLogs->moveCursor(QTextCursor::Start);
+    loading_ = false;
     return true;
 }
 

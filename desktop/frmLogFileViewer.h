@@ -46,6 +46,7 @@ class frmLogFileViewer : public QDialog {
 
     System& s_;
     bool loaded_ = false;
+    bool loading_ = false;
 };
 
 }  // namespace vantrellion
