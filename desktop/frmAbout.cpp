@@ -72,6 +72,7 @@ frmAbout::frmAbout(System& s, QWidget* parent) : QDialog(parent), s_(s) {
     buttons->addWidget(cmdOk);
     buttons->addWidget(cmdSysInfo);
     grid->addLayout(buttons, 5, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
     grid->setRowStretch(3, 3);
     grid->setRowStretch(4, 2);
     resize(520, 420);
