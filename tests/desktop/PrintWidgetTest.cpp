@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QImage>
+#include <QPrintDialog>
 #include <QScreen>
 #include <QTest>
 
@@ -12,6 +13,7 @@
 #include "desktop/clsPrintScreenOrForm.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
+#include "tests/desktop/ModalSteps.h"
 #include "tests/desktop/PdfPrinter.h"
 #include "tests/desktop/RowWindowFixture.h"
 
@@ -143,6 +145,35 @@ TEST_F(MainScreenPrintTest, PrintWindowAndScreenSuspendTheTickAndResumeIt) {
     EXPECT_TRUE(dir.Exists("test_desktop_frmRelay_Screen.BMP"));
     EXPECT_EQ(QImage(QString::fromStdString(dir.File("test_desktop_frmRelay_Window.BMP"))).size(),
               w->size());
+}
+
+}  // namespace
+}  // namespace vantrellion::test
+
+namespace vantrellion::test {
+namespace {
+
+// Qt's own print dialog, cancelled as a user would: the box comes and nothing else happens.
+TEST(PrintDialog, CancelOfTheRealDialogGivesTheBox) {
+    TempDir dir;
+    TestSystem t;
+    t.s.platform.machineDirectory = dir.Path();
+    QWidget w;
+    w.setObjectName("frmSmall");
+    w.resize(200, 100);
+    w.show();
+    ModalSteps steps;
+    QAbstractPrintDialog::PrintDialogOptions offered;
+    steps.On<QPrintDialog>([&](QPrintDialog& d) {
+        offered = d.options();
+        d.reject();
+    });
+    clsPrintScreenOrForm(t.s).mPrintForm(&w);
+    EXPECT_TRUE(steps.Done());
+    EXPECT_FALSE(offered.testFlag(QAbstractPrintDialog::PrintPageRange));
+    EXPECT_FALSE(offered.testFlag(QAbstractPrintDialog::PrintSelection));
+    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{PrintCancelledText});
+    EXPECT_TRUE(dir.Exists("test_desktop_frmSmall_Window.BMP"));
 }
 
 }  // namespace
