@@ -25,6 +25,7 @@
 #include "tests/desktop/ModalSteps.h"
 #include "tests/desktop/PdfPrinter.h"
 #include "tests/desktop/RowWindowFixture.h"
+#include "tests/desktop/ScopedEnv.h"
 
 namespace vantrellion::test {
 namespace {
@@ -102,18 +103,10 @@ TEST(AuxiliaryWindows, ConfigurationScreenHelpEntriesOpenTheHelpWindows) {
               (std::vector<std::string>{"frmHelpConfiguration", "frmHelpGeneral", "frmAbout"}));
 }
 
-// Sets an environment variable for the life of the object.
-struct ScopedEnv {
-    ScopedEnv(const char* n, const QByteArray& v) : name(n), old(qgetenv(n)) { qputenv(n, v); }
-    ~ScopedEnv() { qputenv(name, old); }
-    const char* name;
-    QByteArray old;
-};
-
 TEST(AuxiliaryWindows, AboutShowsTheBuildAndItsTextsAndSaysWhenNoInformationToolIsThere) {
     TempDir dir;
-    ScopedEnv tmp("TMPDIR", QByteArray::fromStdString(dir.Path()));
-    ScopedEnv path("PATH", QByteArray::fromStdString(dir.Path()));  // no tool to be found
+    ScopedEnv tmp("TMPDIR", dir.Path());
+    ScopedEnv path("PATH", dir.Path());  // no tool to be found
     TestSystem t;
     frmAbout about(t.s);
     about.show();

@@ -17,29 +17,10 @@
 #include "support/Fakes.h"
 #include "support/TempDir.h"
 #include "tests/desktop/PdfPrinter.h"
+#include "tests/desktop/ScopedEnv.h"
 
 namespace vantrellion::test {
 namespace {
-
-// Sets an environment variable for the life of the object.
-class ScopedEnv {
-  public:
-    ScopedEnv(const char* name, const std::string& value)
-        : name_(name), had_(qEnvironmentVariableIsSet(name)), old_(qgetenv(name)) {
-        qputenv(name, QByteArray::fromStdString(value));
-    }
-    ~ScopedEnv() {
-        if (had_)
-            qputenv(name_, old_);
-        else
-            qunsetenv(name_);
-    }
-
-  private:
-    const char* name_;
-    bool had_;
-    QByteArray old_;
-};
 
 std::string LogLines(int count) {
     std::string text;
@@ -76,11 +57,16 @@ TEST_F(LogViewerTest, OpensTodaysLogReadOnlyInAFixedPitchFont) {
     EXPECT_TRUE(QFontInfo(v.rtbViewLogs->font()).fixedPitch());
     EXPECT_FALSE(v.Timer1->isActive());
 
-    // A cancelled later Open leaves the file in view.
+    // A cancelled later Open leaves the file in view; a file that cannot be read (a
+    // directory) gets the one box.
     v.Menu("mnuFileOpen")->trigger();
     EXPECT_EQ(v.rtbViewLogs->document()->blockCount(), 3);
-    EXPECT_TRUE(v.isVisible());
     EXPECT_TRUE(t.messages.shown.empty());
+    t.dialogs.answers.push_back(dir.Path());
+    v.Menu("mnuFileOpen")->trigger();
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_EQ(t.messages.shown[0].Title, "MS Scripting Runtime Not Installed");
+    EXPECT_TRUE(v.isVisible());
 }
 
 TEST_F(LogViewerTest, CancelledFirstDialogClosesTheWindowAfterHalfASecond) {
@@ -94,15 +80,6 @@ TEST_F(LogViewerTest, CancelledFirstDialogClosesTheWindowAfterHalfASecond) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !v.isVisible(); }, 2000));
     EXPECT_GE(clock.elapsed(), 500);
     EXPECT_TRUE(t.messages.shown.empty());
-}
-
-TEST_F(LogViewerTest, UnreadableFileGetsTheOneBox) {
-    t.dialogs.answers.push_back(dir.Path());  // a directory cannot be read as a log
-    frmLogFileViewer v(t.s);
-    v.show();
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_EQ(t.messages.shown[0].Title, "MS Scripting Runtime Not Installed");
-    EXPECT_TRUE(v.Timer1->isActive());
 }
 
 TEST_F(LogViewerTest, MultiMegabyteLogLoadsWholeAndTheTimersRunMeanwhile) {
@@ -262,6 +239,13 @@ TEST_F(LogDeleteTest, TwoSelectedLogsGoToTheTrashAndTodaysComesBackWithTheNextLi
 
     WriteEventLog(t.s, "Open", "x.run");
     EXPECT_NE(TempDir::ReadFile(logs + today).find("Open x.run"), std::string::npos);
+
+    // A directory without logs: an empty list and no Delete.
+    ClickEntry(w, "vantrellion_2026_11_14.LOG");
+    w.SetDir1Path(QString::fromStdString(dir.File("home")));
+    EXPECT_EQ(w.File1Path().toStdString(), dir.File("home/"));
+    EXPECT_EQ(w.File1->count(), 0);
+    EXPECT_FALSE(w.cmdDelete->isEnabled());
 }
 
 TEST_F(LogDeleteTest, AFileThatCannotBeOpenedIsReportedAndTheNextOneStillGoes) {
@@ -279,15 +263,6 @@ TEST_F(LogDeleteTest, AFileThatCannotBeOpenedIsReportedAndTheNextOneStillGoes) {
     EXPECT_NE(t.messages.shown[0].Prompt.find("\r\n53\r\nVantrellion"), std::string::npos);
     EXPECT_TRUE(std::filesystem::exists(dir.File("home/data/Trash/files/Vantrellion_b.log")));
     EXPECT_TRUE(Entries(w).isEmpty());
-}
-
-TEST_F(LogDeleteTest, ADirectoryWithoutLogsShowsAnEmptyListAndNoDelete) {
-    frmLogFileDelete w(t.s);
-    w.show();
-    w.SetDir1Path(QString::fromStdString(dir.File("home")));
-    EXPECT_EQ(w.File1Path().toStdString(), dir.File("home/"));
-    EXPECT_EQ(w.File1->count(), 0);
-    EXPECT_FALSE(w.cmdDelete->isEnabled());
 }
 
 }  // namespace
