@@ -12,6 +12,7 @@
 #include "configuration/screens/ConfigScreenLogic.h"
 #include "configuration/screens/ConfigScreenToolTips.h"
 #include "desktop/EventGuard.h"
+#include "desktop/HelpAndLogMenus.h"
 #include "desktop/QtConvert.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/resources/clsLoadCustomResource.h"
@@ -98,6 +99,7 @@ ConfigScreenWindow::ConfigScreenWindow(System& s, ConfigScreenKind kind, ColorCh
     const TwipsSize client = ConfigScreenClientSize(kind);
     resize(Px(client.Width), Px(client.Height));
     Wire();
+    WireConfigScreenHelpAndPrint(s_, *this);
     Load();
 }
 

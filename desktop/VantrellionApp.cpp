@@ -14,6 +14,7 @@
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
 #include "desktop/EventGuard.h"
+#include "desktop/HelpAndLogMenus.h"
 #include "desktop/RowEvents.h"
 #include "desktop/RunOnBootMenu.h"
 #include "desktop/ShowConfigForms.h"
@@ -136,12 +137,8 @@ void VantrellionApp::WireMenus() {
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
     WireRunOnBootMenu(w, s_);
-    w.OnMenu("mnuHelpSplash", [](int) {
-        auto* splash = new frmSplash();
-        splash->setAttribute(Qt::WA_DeleteOnClose);
-        splash->exec();
-    });
     WireStateToolMenus(w, s_);
+    WireHelpAndLogMenus(s_, w);
 }
 
 void VantrellionApp::UnloadAllForms() {

@@ -4,7 +4,6 @@
 #include <QImageReader>
 #include <QMenuBar>
 #include <QPainter>
-#include <QVBoxLayout>
 
 #include "configuration/clsExeOrIDE.h"
 #include "desktop/QtConvert.h"
@@ -451,25 +450,17 @@ void frmRelay::SetStatusTime(const std::string& t) {
 }
 
 void frmRelay::SetTimeWindowCaption(const std::string& t) {
-    if (!frmTime_) {
-        frmTime_ = new QWidget(this, Qt::Tool);
-        frmTime_->setObjectName("frmTime");
-        frmTime_->setWindowTitle("Time");
-        auto* layout = new QVBoxLayout(frmTime_);
-        layout->setContentsMargins(0, 0, 0, 0);
-        lblTime_ = new QLabel(frmTime_);
-        lblTime_->setObjectName("lblTime");
-        lblTime_->setAlignment(Qt::AlignCenter);
-        layout->addWidget(lblTime_);
-        frmTime_->resize(Px(2490), Px(990));
-    }
-    SetCaption(lblTime_, t);
+    SetCaption(OpenTimeWindow()->lblTime, t);
+}
+
+frmTime* frmRelay::OpenTimeWindow() {
+    if (!frmTime_) frmTime_ = new frmTime(this);
+    return frmTime_;
 }
 
 void frmRelay::CloseTimeWindow() {
     delete frmTime_;
     frmTime_ = nullptr;
-    lblTime_ = nullptr;
 }
 
 // MainScreenView --------------------------------------------------------------------------

@@ -15,6 +15,7 @@
 
 #include "core/MainScreenView.h"
 #include "core/SharedState.h"
+#include "desktop/frmTime.h"
 
 namespace vantrellion {
 
@@ -92,8 +93,9 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     // focus (desktop/FieldValidation.h). False drops the command or the close.
     std::function<bool()> ValidateBeforeCommand;
 
-    // The floating clock, created on first use.
-    QWidget* TimeWindow() const { return frmTime_; }
+    // The floating clock, created on first use and not shown by that.
+    frmTime* TimeWindow() const { return frmTime_; }
+    frmTime* OpenTimeWindow();
     void CloseTimeWindow();
 
     // The close path: QueryUnload answers true to cancel the close; Unload runs once the
@@ -114,8 +116,7 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     System& s_;
     std::multimap<QString, QAction*> actions_;
     std::multimap<QString, QMenu*> menus_;
-    QWidget* frmTime_ = nullptr;
-    QLabel* lblTime_ = nullptr;
+    frmTime* frmTime_ = nullptr;
 };
 
 }  // namespace vantrellion

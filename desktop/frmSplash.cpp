@@ -11,7 +11,10 @@
 namespace vantrellion {
 
 QString VersionText() {
-    return "Version 2001.5.1";
+    return QString("Version %1.%2.%3")
+        .arg(VANTRELLION_VERSION_MAJOR)
+        .arg(VANTRELLION_VERSION_MINOR)
+        .arg(VANTRELLION_VERSION_PATCH);
 }
 
 frmSplash::frmSplash(QWidget* parent)

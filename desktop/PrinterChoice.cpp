@@ -1,0 +1,51 @@
+#include "desktop/PrinterChoice.h"
+
+#include <QPrintDialog>
+
+namespace vantrellion {
+
+namespace {
+
+DialogPrinterChoice dialogChoice;
+PrinterChoice* currentChoice = &dialogChoice;
+
+}  // namespace
+
+bool DialogPrinterChoice::Choose(QPrinter& printer, QWidget* parent, bool hasSelection) {
+    QPrintDialog dialog(&printer, parent);
+    QAbstractPrintDialog::PrintDialogOptions options = dialog.options();
+    options &= ~QAbstractPrintDialog::PrintPageRange;  // no page numbers
+    options.setFlag(QAbstractPrintDialog::PrintSelection, hasSelection);
+    dialog.setOptions(options);
+    printer.setPrintRange(hasSelection ? QPrinter::Selection : QPrinter::AllPages);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+PrinterChoice& CurrentPrinterChoice() {
+    return *currentChoice;
+}
+
+void SetPrinterChoice(PrinterChoice* choice) {
+    currentChoice = choice ? choice : &dialogChoice;
+}
+
+bool PrintText(System& s, QWidget* parent, bool hasSelection,
+               const std::function<void(QPrinter&)>& print) {
+    QPrinter printer(QPrinter::HighResolution);
+    if (!CurrentPrinterChoice().Choose(printer, parent, hasSelection)) {
+        s.Message({PrintCancelledText});
+        return false;
+    }
+    if (!printer.isValid()) {
+        s.Message({NoPrinterText});
+        return false;
+    }
+    print(printer);
+    if (printer.printerState() == QPrinter::Error) {
+        s.Message({NoPrinterText});
+        return false;
+    }
+    return true;
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,72 @@
+#include "desktop/frmHelpGeneral.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "desktop/PrinterChoice.h"
+#include "desktop/frmAbout.h"
+#include "desktop/modShowSubForms.h"
+#include "desktop/resources/clsLoadCustomResource.h"
+
+namespace vantrellion {
+
+namespace {
+constexpr int kWindowIcon = 215;
+}
+
+frmHelpGeneral::frmHelpGeneral(System& s, QWidget* parent) : QDialog(parent), s_(s) {
+    setObjectName("frmHelpGeneral");
+    setWindowTitle("Help");
+    menuBar = new QMenuBar(this);
+    QMenu* file = menuBar->addMenu("File");
+    file->setObjectName("mnuFile");
+    file->addAction("Print This Help")->setObjectName("mnuFilePrintDoc");
+    file->addAction("Exit")->setObjectName("mnuFileExit");
+    QMenu* help = menuBar->addMenu("Help");
+    help->setObjectName("mnuHelp");
+    help->addAction("About")->setObjectName("mnuHelpAbout");
+
+    rtbHelp = new QTextEdit(this);
+    rtbHelp->setObjectName("rtbHelp");
+    cmdExit = new QPushButton("Exit", this);
+    cmdExit->setObjectName("cmdExit");
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setMenuBar(menuBar);
+    layout->addWidget(rtbHelp, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdExit);
+    layout->addLayout(buttons);
+    resize(640, 560);
+
+    connect(cmdExit, &QPushButton::clicked, this, [this] { close(); });
+    connect(Menu("mnuFileExit"), &QAction::triggered, this, [this] { close(); });
+    connect(Menu("mnuHelpAbout"), &QAction::triggered, this, [this] { ShowAboutForm(s_); });
+    connect(Menu("mnuFilePrintDoc"), &QAction::triggered, this,
+            [this] { mnuFilePrintDoc_Click(); });
+}
+
+QAction* frmHelpGeneral::Menu(const QString& name) const {
+    return findChild<QAction*>(name);
+}
+
+void frmHelpGeneral::showEvent(QShowEvent* event) {
+    if (!loaded_) {
+        loaded_ = true;
+        Form_Load();
+    }
+    QDialog::showEvent(event);
+}
+
+void frmHelpGeneral::Form_Load() {
+    setWindowIcon(LoadIconResource(kWindowIcon));
+    LoadRichTextResource(rtbHelp, 103, "rtfHelp");
+}
+
+void frmHelpGeneral::mnuFilePrintDoc_Click() {
+    PrintText(s_, this, rtbHelp->textCursor().hasSelection(),
+              [this](QPrinter& printer) { rtbHelp->print(&printer); });
+}
+
+}  // namespace vantrellion
