@@ -103,26 +103,6 @@ TEST_F(ResizeTest, SizeFormToScreenTakesWholeTwips) {
     EXPECT_EQ(w.height, 7199);
 }
 
-TEST(ResolveTag, LettersAnywhereInAnyCaseAfterTheAt) {
-    struct Case {
-        const char* tag;
-        bool t, h, l, w;
-    };
-    const Case cases[] = {
-        {"", true, true, true, true},       {"X", true, true, true, true},
-        {"T,L", true, true, true, true},    {"@", false, false, false, false},
-        {"@T,L", true, false, true, false}, {"@h", false, true, false, false},
-        {"@wlht", true, true, true, true},  {"@Top", true, false, false, false},
-    };
-    for (const Case& c : cases) {
-        const TagSelection s = ResolveTag(c.tag);
-        EXPECT_EQ(s.Top, c.t) << c.tag;
-        EXPECT_EQ(s.Height, c.h) << c.tag;
-        EXPECT_EQ(s.Left, c.l) << c.tag;
-        EXPECT_EQ(s.Width, c.w) << c.tag;
-    }
-}
-
 // The main screen's use: a screen that returns its window for the resize.
 class WindowedScreen : public RecordingScreen {
   public:
