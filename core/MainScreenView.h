@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/Flags.h"
+#include "core/FormWindow.h"
 
 namespace vantrellion {
 
@@ -56,13 +57,15 @@ class MainScreenView {
     virtual void SetStatusFont(int size, bool bold) = 0;
 
     // The steps of loading the screen that belong to the window system: its icon, the
-    // stacking of the row frames, the remembered position, the size from the rows, the
-    // run-time fonts. A view without a window has nothing to do for them.
+    // stacking of the row frames, the size from the rows, the run-time fonts. A view without
+    // a window has nothing to do for them.
     virtual void SetWindowIcon(int /*resourceId*/) {}
     virtual void StackRelayGroups() {}
-    virtual void RestoreFormPosition() {}
     virtual void SizeFormToRows() {}
     virtual void ApplyRunTimeFonts() {}
+    // The screen as a window, for its remembered place and the scaling of its rows; null for a
+    // view without a window.
+    virtual FormWindow* Window() { return nullptr; }
 };
 
 }  // namespace vantrellion

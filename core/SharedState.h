@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "core/Constants.h"
@@ -15,7 +16,9 @@
 
 namespace vantrellion {
 
-class KeyValueStore;  // configuration/KeyValueStore.h
+class KeyValueStore;       // configuration/KeyValueStore.h
+class clsResizeFormCntls;  // core/clsResizeFormCntls.h
+class RecentFiles;         // core/RecentFiles.h
 
 struct RelayRecord {
     std::string DisplayName;
@@ -81,6 +84,8 @@ struct FrmRelay {
     Flag ResizeReady = 0;
     Flag ResizedOnce = 0;
     Flag SavePositionAtExit = 0;
+    // The proportional resize of the rows, made at load and dropped at unload.
+    std::shared_ptr<clsResizeFormCntls> ResizeFormCntls;
 
     Flag AutoRestarted = 0;     // the schedule in memory came from the restart file
     Flag RestartDisabled = 0;   // writing the restart file failed; no retry until New or Open
@@ -109,6 +114,8 @@ struct Platform {
     // read as missing and writes to them are refused. Tests point them at temporary folders.
     std::string autostartMachineDirectory;
     std::string autostartUserDirectory;
+    // Told of every Run File opened or saved under a name; null when no list is kept.
+    RecentFiles* recentFiles = nullptr;
 };
 
 struct System {

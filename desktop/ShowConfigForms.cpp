@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "desktop/FormPosition.h"
 #include "desktop/QtConvert.h"
 #include "desktop/frmConfigBoards.h"
 #include "desktop/frmConfigColors.h"
@@ -13,22 +14,30 @@ namespace vantrellion {
 
 void ShowConfigurationForm(System& s, ColorChooser* chooser) {
     frmConfiguration form(s, chooser);
+    RestoreFormPosition(s, form);
     form.exec();
+    SaveFormPosition(s, form);
 }
 
 void ShowConfigBoardsForm(System& s, ColorChooser* chooser) {
     frmConfigBoards form(s, chooser);
+    RestoreFormPosition(s, form);
     form.exec();
+    SaveFormPosition(s, form);
 }
 
 void ShowConfigColorsForm(System& s, ColorChooser* chooser) {
     frmConfigColors form(s, chooser);
+    RestoreFormPosition(s, form);
     form.exec();
+    SaveFormPosition(s, form);
 }
 
 void ShowLogFilePathForm(System& s) {
     frmLogFilePath form(s);
+    RestoreFormPosition(s, form);
     form.exec();
+    SaveFormPosition(s, form);
 }
 
 int DisplayHeightTwips() {

@@ -14,6 +14,7 @@
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
 #include "desktop/EventGuard.h"
+#include "desktop/FormPosition.h"
 #include "desktop/HelpAndLogMenus.h"
 #include "desktop/RowEvents.h"
 #include "desktop/RunOnBootMenu.h"
@@ -21,6 +22,7 @@
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
 #include "mainscreen/MainScreenLifecycle.h"
+#include "mainscreen/MainScreenResize.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "runfile/FileCommands.h"
 
@@ -44,11 +46,20 @@ VantrellionApp::VantrellionApp(Options o) {
     timer_.SetEnabled(false);
     QObject::connect(timer_.Timer(), &QTimer::timeout,
                      [this] { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
+    RegisterFormPositionSystem(&s_);
 }
 
 VantrellionApp::~VantrellionApp() {
     timer_.SetEnabled(false);
+    s_.platform.recentFiles = nullptr;
+    recentFiles_.reset();
     main_.reset();
+    splash_.reset();
+    RegisterFormPositionSystem(nullptr);
+}
+
+void VantrellionApp::UnloadSplash() {
+    if (splash_) SaveFormPosition(s_, *splash_);
     splash_.reset();
 }
 
@@ -73,6 +84,7 @@ bool VantrellionApp::Main() {
             s_.Message({std::string("You are attempting to run more then one copy of ") + AppTitle +
                         " , Doing so will cause unreliable performance."});
         splash_ = std::make_unique<frmSplash>();  // 4
+        RestoreFormPosition(s_, *splash_);
         splash_->show();
         splash_->repaint();
         QCoreApplication::processEvents();
@@ -82,7 +94,7 @@ bool VantrellionApp::Main() {
         }
         if (splash_) splash_->repaint();  // 6
         CreateMainScreen();
-        splash_.reset();  // 7
+        UnloadSplash();  // 7
         return true;
     } catch (const FatalError& e) {
         ShowMainErrorMessage(e.what(), e.Number(), e.Source());
@@ -109,6 +121,10 @@ void VantrellionApp::CreateMainScreen() {
         // the close question turned it back on.
         timer_.SetEnabled(false);
     };
+    main_->Resized = [this] { RunCommand(s_, [this] { Form_Resize(s_); }); };
+    recentFiles_ = std::make_unique<RecentFilesMenu>(s_, *main_);
+    s_.platform.recentFiles = recentFiles_.get();
+    recentFiles_->Show();
     WireRowEvents(*main_, s_);
     WireMenus();
     RunOrEnd(s_, [this] {
@@ -127,6 +143,8 @@ void VantrellionApp::WireMenus() {
     w.OnMenu("mnuFileOpen", command(&mnuFileOpen));
     w.OnMenu("mnuFileSave", command(&mnuFileSave));
     w.OnMenu("mnuFileSaveAs", command(&mnuFileSaveAs));
+    w.OnMenu("mnuMRUFiles",
+             [this](int index) { RunCommand(s_, [this, index] { recentFiles_->Open(index); }); });
     w.OnMenu("mnuFileExit", [&w](int) { w.close(); });
     w.OnMenu("mnuFileConfiguration", [this](int) {
         RunCommand(s_, [this] {
@@ -142,7 +160,7 @@ void VantrellionApp::WireMenus() {
 }
 
 void VantrellionApp::UnloadAllForms() {
-    splash_.reset();
+    UnloadSplash();
     if (main_) {
         timer_.SetEnabled(false);
         main_->hide();

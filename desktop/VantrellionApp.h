@@ -11,6 +11,7 @@
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
 #include "desktop/QtPlatform.h"
+#include "desktop/RecentFilesMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
@@ -44,6 +45,7 @@ class VantrellionApp {
   private:
     void CreateMainScreen();
     void WireMenus();
+    void UnloadSplash();
     void ShowMainErrorMessage(const std::string& description, int number,
                               const std::string& source);
 
@@ -61,6 +63,7 @@ class VantrellionApp {
     std::unique_ptr<InstanceLock> instanceLock_;
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmRelay> main_;
+    std::unique_ptr<RecentFilesMenu> recentFiles_;
 };
 
 }  // namespace vantrellion

@@ -6,6 +6,8 @@
 #include <QPainter>
 
 #include "configuration/clsExeOrIDE.h"
+#include "core/clsResizeFormCntls.h"
+#include "desktop/FormPosition.h"
 #include "desktop/QtConvert.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 
@@ -93,10 +95,18 @@ frmRelay::frmRelay(System& s, QWidget* parent) : QMainWindow(parent), s_(s) {
     BuildRows();
     BuildMenus();
     BuildStatusBar();
+    // The design size, before the remembered place is applied.
+    StackRelayGroups();
+    SizeFormToRows();
+    window_ = std::make_unique<QtFormWindow>(*this, centralWidget());
 }
 
 frmRelay::~frmRelay() {
+    Resized = nullptr;
     CloseTimeWindow();
+    // The resize's record points into this window.
+    if (s_.frmRelay.ResizeFormCntls && s_.frmRelay.ResizeFormCntls->SourceForm() == window_.get())
+        s_.frmRelay.ResizeFormCntls.reset();
 }
 
 void frmRelay::BuildRows() {
@@ -204,8 +214,11 @@ void frmRelay::BuildMenus() {
     AddItem(file, "mnuFileConfiguration", "Configuration");
     AddItem(file, "mnuFileConfigurationRemove", "Configuration (Remove)");
     file->addSeparator();
-    for (int n = 0; n < 6; ++n)
-        AddItem(file, "mnuMRUFiles", "", n)->setVisible(false);
+    for (int n = 0; n < 6; ++n) {
+        QAction* mru = AddItem(file, "mnuMRUFiles", "", n);
+        mru->setSeparator(n == 0);
+        mru->setVisible(false);
+    }
     AddItem(file, "mnuFileExit", "E&xit");
     QAction* sep6 = file->addSeparator();
     sep6->setObjectName("mnuFileSep6");
@@ -454,11 +467,15 @@ void frmRelay::SetTimeWindowCaption(const std::string& t) {
 }
 
 frmTime* frmRelay::OpenTimeWindow() {
-    if (!frmTime_) frmTime_ = new frmTime(this);
+    if (!frmTime_) {
+        frmTime_ = new frmTime(this);
+        RestoreFormPosition(s_, *frmTime_);
+    }
     return frmTime_;
 }
 
 void frmRelay::CloseTimeWindow() {
+    if (frmTime_) SaveFormPosition(s_, *frmTime_);
     delete frmTime_;
     frmTime_ = nullptr;
 }
@@ -627,6 +644,11 @@ void frmRelay::closeEvent(QCloseEvent* event) {
     }
     if (Unload) Unload();
     event->accept();
+}
+
+void frmRelay::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (Resized) Resized();
 }
 
 }  // namespace vantrellion

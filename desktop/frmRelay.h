@@ -12,9 +12,11 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <memory>
 
 #include "core/MainScreenView.h"
 #include "core/SharedState.h"
+#include "desktop/QtFormWindow.h"
 #include "desktop/frmTime.h"
 
 namespace vantrellion {
@@ -86,6 +88,7 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     void StackRelayGroups() override;
     void SizeFormToRows() override;
     void ApplyRunTimeFonts() override;
+    FormWindow* Window() override { return window_.get(); }
 
     // Runs a menu command; the desktop wires the commands of each menu item here.
     void OnMenu(const QString& name, std::function<void(int)> command);
@@ -102,9 +105,12 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     // close goes on.
     std::function<bool()> QueryUnload;
     std::function<void()> Unload;
+    // Every change of the window's size.
+    std::function<void()> Resized;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void BuildRows();
@@ -117,6 +123,7 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     std::multimap<QString, QAction*> actions_;
     std::multimap<QString, QMenu*> menus_;
     frmTime* frmTime_ = nullptr;
+    std::unique_ptr<QtFormWindow> window_;  // the window as the geometry and resize see it
 };
 
 }  // namespace vantrellion

@@ -3,6 +3,8 @@
 #include "boardio/BoardSetup.h"
 #include "core/CheckTimeControl.h"
 #include "core/ResetRelayRecords.h"
+#include "core/clsFormCoOrdsRelay.h"
+#include "core/clsResizeFormCntls.h"
 #include "mainscreen/LoadRowIcons.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "mainscreen/RowRefill.h"
@@ -51,14 +53,19 @@ void Form_Load(System& s) {
     FillRowsFromRecords(s);
     LoadRowIcons(s, f.AutoRestarted == 0);
     RefreshTitleAndMenus(s);
-    v.RestoreFormPosition();
+    FormWindow* window = v.Window();
+    if (window) GetFormPriorPosition(s, *window);
     v.SizeFormToRows();
     v.ApplyRunTimeFonts();
+    f.ResizeFormCntls = std::make_shared<clsResizeFormCntls>();
+    f.ResizeFormCntls->SetSourceForm(window);
     f.ResizeReady = True;
     f.ResizedOnce = False;
     f.SavePositionAtExit = True;
     f.FileChanged = False;
     f.CheckTimeAllowed = True;
+    // The design geometry of the resize is what the user first sees.
+    f.ResizeFormCntls->ReInitialize();
     ResumeCheckTime(s);
 }
 
@@ -76,6 +83,10 @@ void Form_Unload(System& s) {
     RemoveRestartFile(s, s.platform.machineDirectory, RestartFileName);
     ResetAllRelays(s);
     ClearOutputPorts(s);
+    // A main screen that the user has resized keeps the place stored before.
+    if (s.frmRelay.SavePositionAtExit != 0)
+        if (FormWindow* window = s.screen().Window()) SetFormCurrPosition(s, *window);
+    s.frmRelay.ResizeFormCntls.reset();
 }
 
 }  // namespace vantrellion

@@ -2,6 +2,7 @@
 
 #include "boardio/BoardSetup.h"
 #include "core/CheckTimeControl.h"
+#include "core/RecentFiles.h"
 #include "core/ResetRelayRecords.h"
 #include "logging/EventLog.h"
 #include "mainscreen/LoadRowIcons.h"
@@ -40,6 +41,11 @@ void HandOverToTheNewSchedule(System& s) {
     s.frmRelay.FileChanged = False;
     SaveRestartFile(s);
     ResumeCheckTime(s);
+}
+
+void TellRecentFiles(System& s) {
+    if (s.platform.recentFiles)
+        s.platform.recentFiles->FileUsed(s.modRelay.DataFilePath + s.modRelay.DataFileName);
 }
 
 }  // namespace
@@ -103,13 +109,26 @@ void mnuFileOpen(System& s) {
     // A cancelled dialog ends the command here, and the tick stays stopped until another
     // command resumes it.
     if (!chosen) return;
+    OpenChosenRunFile(s, *chosen);
+}
 
-    SplitChosenFileName(s, *chosen);
+bool mnuMRUFiles(System& s, const std::string& fileName) {
+    SuspendCheckTime(s);
+    if (s.frmRelay.FileChanged != 0)
+        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName);
+    return OpenChosenRunFile(s, fileName);
+}
+
+bool OpenChosenRunFile(System& s, const std::string& chosen) {
+    FrmRelay& f = s.frmRelay;
+    ModRelay& m = s.modRelay;
+    SplitChosenFileName(s, chosen);
     StoreDataFileLocation(s);
     f.AutoRestarted = False;
     ResetRelayRecords(s);
     ResetRowVisuals(s);
-    if (LoadRunFile(s, m.DataFilePath, m.DataFileName, true) != RunFileLoaded) {
+    const bool loaded = LoadRunFile(s, m.DataFilePath, m.DataFileName, true) == RunFileLoaded;
+    if (!loaded) {
         s.Message({"New, error encountered loading selected Run-Schedule"});
         m.DataFileName = "";
         ResetRelayRecords(s);
@@ -121,11 +140,13 @@ void mnuFileOpen(System& s) {
         for (int i = 0; i <= LastRelay; ++i)
             f.Relay[i].Count = 0;
         SaveRestartFile(s);
+        TellRecentFiles(s);
     }
     FillRowsFromRecords(s);
     LoadRowIcons(s, true);
     RefreshTitleAndMenus(s);
     HandOverToTheNewSchedule(s);
+    return loaded;
 }
 
 void mnuFileSave(System& s) {
@@ -153,9 +174,10 @@ void ShowFileSaveDialog(System& s) {
     if (const std::optional<std::string> chosen = s.platform.dialogs->ShowSave(dialog)) {
         SplitChosenFileName(s, *chosen);
         StoreDataFileLocation(s);
-        SaveRunFile(s, m.DataFilePath, m.DataFileName);
+        const bool saved = SaveRunFile(s, m.DataFilePath, m.DataFileName);
         WriteEventLog(s, "Save", EventFileText(s));
         s.frmRelay.FileChanged = False;
+        if (saved) TellRecentFiles(s);
     }
     RefreshTitleAndMenus(s);
 }

@@ -11,6 +11,12 @@ void mnuFileNew(System& s);
 void mnuFileOpen(System& s);
 void mnuFileSave(System& s);
 void mnuFileSaveAs(System& s);
+// Opens a file of the recent files list: the save question, then the rest of Open as if the
+// dialog had chosen that file. False when the file did not load.
+bool mnuMRUFiles(System& s, const std::string& fileName);
+// The part of Open after the dialog: load the chosen file, or fall back to a new schedule
+// with the load error. True when the file loaded.
+bool OpenChosenRunFile(System& s, const std::string& chosen);
 
 // "Save File?" with Yes, No and Cancel. 2 when the user chose Cancel, otherwise 0.
 int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string& FileName);

@@ -1,0 +1,15 @@
+// What the File commands tell the recent files list: a Run File was opened, or saved under a
+// name chosen in the Save As dialog.
+#pragma once
+
+#include <string>
+
+namespace vantrellion {
+
+class RecentFiles {
+  public:
+    virtual ~RecentFiles() = default;
+    virtual void FileUsed(const std::string& fullName) = 0;
+};
+
+}  // namespace vantrellion

@@ -1,0 +1,95 @@
+#include "core/clsFormCoOrdsRelay.h"
+
+#include "configuration/modRegAPI.h"
+#include "core/clsFormCoOrdsGeneral.h"
+
+namespace vantrellion {
+
+namespace {
+
+constexpr const char* kKeyPath = "SOFTWARE\\Vantrellion";
+constexpr const char* kSection = "Startup";
+
+// How a window's default text is made.
+enum class Rule { Centred, CentredIfFits, Fixed };
+struct DefaultRule {
+    const char* name;
+    Rule rule;
+    const char* tail;  // appended after the centred place: ",width,height"; or the whole text
+};
+
+// In the order of lookup.
+constexpr DefaultRule kWindows[] = {
+    {"frmAbout", Rule::Centred, ""},
+    {"frmConfiguration", Rule::CentredIfFits, ""},
+    {"frmConfigBoards", Rule::Centred, ",8205,7170"},
+    {"frmConfigColors", Rule::Centred, ",7965,3435"},
+    {"frmHelpConfiguration", Rule::Centred, ""},
+    {"frmHelpGeneral", Rule::Centred, ",10290,8290"},
+    {"frmLogFilePath", Rule::Centred, ""},
+    {"frmLogFileViewer", Rule::Fixed, "500,500"},
+    {"frmLogFileDelete", Rule::Centred, ""},
+    {"frmRelay", Rule::CentredIfFits, ""},
+    {"frmSplash", Rule::Centred, ",7665,4335"},
+    {"frmTime", Rule::Centred, ",2490,990"},
+};
+
+std::string Centred(const FormWindow& form) {
+    return SingleText((form.ScreenWidth() - form.Width()) / 2) + "," +
+           SingleText((form.ScreenHeight() - form.Height()) / 2);
+}
+
+// Strictly greater on both sides: a window as wide as the screen does not fit.
+bool Fits(const FormWindow& form) {
+    return form.ScreenWidth() > form.Width() && form.ScreenHeight() > form.Height();
+}
+
+}  // namespace
+
+bool DefaultFormPosition(const FormWindow& form, std::string& text) {
+    const std::string name = form.Name();
+    for (const DefaultRule& w : kWindows) {
+        if (name != w.name) continue;
+        switch (w.rule) {
+            case Rule::Fixed:
+                text = w.tail;
+                break;
+            case Rule::CentredIfFits:
+                text = Fits(form) ? Centred(form) : "0,0";
+                break;
+            case Rule::Centred:
+                text = Centred(form) + w.tail;
+                break;
+        }
+        return true;
+    }
+    return false;
+}
+
+void GetFormPriorPosition(System& s, FormWindow& form) {
+    std::string defaultText;
+    if (!DefaultFormPosition(form, defaultText)) {
+        MessageBoxRequest box;
+        box.Prompt = "Prior Position Not Set";
+        box.Title = "Unsupported Form";
+        s.Message(box);
+        return;
+    }
+    FormCoOrdsGeneral(s, form, "Get", HKEY_LOCAL_MACHINE, kKeyPath, kSection, defaultText);
+}
+
+void SetFormCurrPosition(System& s, FormWindow& form) {
+    if (form.State() != WindowState::Normal) return;
+    FormCoOrdsGeneral(s, form, "Set", HKEY_LOCAL_MACHINE, kKeyPath, kSection, "");
+}
+
+void RestoreFormPosition(System& s, FormWindow& form) {
+    GetFormPriorPosition(s, form);
+}
+
+void SaveFormPosition(System& s, FormWindow& form) {
+    if (form.State() != WindowState::Normal) return;
+    SetFormCurrPosition(s, form);
+}
+
+}  // namespace vantrellion
