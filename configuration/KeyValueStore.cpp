@@ -173,19 +173,58 @@ bool KeyValueStore::OpenFile() {
     return true;
 }
 
+namespace {
+
+// One column of a table as the schema declares it.
+struct ColumnShape {
+    const char* Name;
+    const char* Type;
+    int PrimaryKey;  // position in the primary key, 0 when not part of it
+};
+
+constexpr ColumnShape kKeysShape[] = {
+    {"id", "INTEGER", 1}, {"root", "INTEGER", 0}, {"path", "TEXT", 0}};
+constexpr ColumnShape kValuesShape[] = {
+    {"key_id", "INTEGER", 1}, {"name", "TEXT", 2}, {"type", "INTEGER", 0}, {"data", "BLOB", 0}};
+
+bool SameText(const std::string& a, const char* b) {
+    return sqlite3_stricmp(a.c_str(), b) == 0;
+}
+
+// True when the table has exactly the columns of the schema, in their order.
+template <size_t N>
+bool TableHasShape(sqlite3* db, const char* table, const ColumnShape (&shape)[N]) {
+    Statement info(db, (std::string("PRAGMA table_info(\"") + table + "\")").c_str());
+    if (!info.Prepared()) return false;
+    size_t n = 0;
+    while (info.Step() == SQLITE_ROW) {
+        if (n == N) return false;
+        const ColumnShape& want = shape[n++];
+        if (!SameText(ColumnText(info.get(), 1), want.Name) ||
+            !SameText(ColumnText(info.get(), 2), want.Type) ||
+            sqlite3_column_int(info.get(), 5) != want.PrimaryKey)
+            return false;
+    }
+    return n == N;
+}
+
+}  // namespace
+
 bool KeyValueStore::PrepareSchema() {
+    // SQLite's own tables (sqlite_stat1 after an ANALYZE, sqlite_sequence) do not count.
     int tables = 0, ours = 0;
     {
         Statement count(db_,
                         "SELECT count(*), count(CASE WHEN name IN ('keys','values') THEN 1 END) "
-                        "FROM sqlite_master WHERE type='table'");
+                        "FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite\\_%' "
+                        "ESCAPE '\\'");
         if (count.Prepared() && count.Step() == SQLITE_ROW) {
             tables = sqlite3_column_int(count.get(), 0);
             ours = sqlite3_column_int(count.get(), 1);
         }
     }
-    // A new, empty file is made a store. A database that holds anything else is not one, and
-    // nothing is written to it.
+    // A new, empty file is made a store. A database without the store's two tables is someone
+    // else's, and nothing is written to it.
     if (tables == 0) {
         if (readOnly_) {
             Close();
@@ -206,11 +245,12 @@ bool KeyValueStore::PrepareSchema() {
         }
         return true;
     }
-    Statement keys(db_, "SELECT id, root, path FROM keys LIMIT 0");
-    Statement values(db_, "SELECT key_id, name, type, data FROM \"values\" LIMIT 0");
-    if (ours != 2 || tables != 2 || !keys.Prepared() || !values.Prepared()) {
+    // The two tables of the schema, each of its own shape, make a store; further tables and
+    // indexes that an administrator added are left alone.
+    if (ours != 2 || !TableHasShape(db_, "keys", kKeysShape) ||
+        !TableHasShape(db_, "values", kValuesShape)) {
         Close();
-        Note(Problem::Damaged, "it holds tables other than those of the configuration store");
+        Note(Problem::Damaged, "it does not hold the tables of the configuration store");
         OpenInMemory();
     }
     return true;

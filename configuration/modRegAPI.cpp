@@ -4,6 +4,7 @@
 
 #include "configuration/NumericText.h"
 #include "core/FatalError.h"
+#include "core/TextEncoding.h"
 
 namespace vantrellion {
 
@@ -24,7 +25,11 @@ std::string NumberText(int64_t v) {
 
 // The text of a value that has been found, or nothing when its type or data cannot be read.
 std::optional<std::string> ValueText(const StoredValue& v) {
-    if (v.Type == RegTypeText && v.Kind == StoredValue::Data::Text) return v.Text;
+    if (v.Type == RegTypeText && v.Kind == StoredValue::Data::Text) {
+        // Texts are stored as UTF-8; a text that is not (written as Latin-1 bytes by an
+        // earlier version, or by hand) is read as Latin-1, so nothing is lost or replaced.
+        return IsValidUtf8(v.Text) ? v.Text : Latin1ToUtf8(v.Text);
+    }
     if (v.Type == RegTypeNumber && v.Kind == StoredValue::Data::Integer && v.Integer >= INT32_MIN &&
         v.Integer <= INT32_MAX)
         return NumberText(v.Integer);
