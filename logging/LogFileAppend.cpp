@@ -6,12 +6,15 @@
 
 #include <cerrno>
 
+#include "core/MachineDirectory.h"
 #include "core/ReplaceFile.h"
 #include "core/TextEncoding.h"
 
 namespace vantrellion {
 
 namespace {
+
+LogWriteCall writeCall = &::write;
 
 // The log's bytes as they stand; empty when it cannot be read (or does not exist yet).
 std::string ReadWholeFile(const std::string& fullName) {
@@ -32,22 +35,48 @@ std::string ReadWholeFile(const std::string& fullName) {
     return bytes;
 }
 
-void AppendBytes(const std::string& fullName, const std::string& bytes) {
+int OpenForAppend(const std::string& fullName) {
     // Non-blocking, so that a pipe without a reader never holds up the tick.
-    const int fd =
-        ::open(fullName.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+    const int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+    int fd = ::open(fullName.c_str(), flags, 0666);
+    if (fd < 0 && errno == ENOENT) {
+        // The directory has gone (removed, or a medium unmounted and back): it is made again,
+        // as on first need, and the day's log goes on from here.
+        const auto slash = fullName.rfind('/');
+        if (slash != std::string::npos && slash > 0 &&
+            EnsureDirectory(fullName.substr(0, slash + 1)))
+            fd = ::open(fullName.c_str(), flags, 0666);
+    }
+    return fd;
+}
+
+// One append of the whole line. When it comes up short, the part that got out is cut off
+// again: the file ends where it ended before, on a whole line.
+void AppendBytes(const std::string& fullName, const std::string& bytes) {
+    const int fd = OpenForAppend(fullName);
     if (fd < 0) return;
-    size_t written = 0;
-    while (written < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + written, bytes.size() - written);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) break;
-        written += static_cast<size_t>(n);
+    ssize_t n;
+    do {
+        n = writeCall(fd, bytes.data(), bytes.size());
+    } while (n < 0 && errno == EINTR);
+    if (n > 0 && static_cast<size_t>(n) < bytes.size()) {
+        // With O_APPEND the write went to the end of the file, wherever that was; the offset
+        // after it less what got out is where the line began.
+        const off_t end = ::lseek(fd, 0, SEEK_CUR);
+        if (end >= n) {
+            if (::ftruncate(fd, end - n) != 0) {
+                // A file that cannot be cut (a device, a pipe) keeps what it took.
+            }
+        }
     }
     ::close(fd);
 }
 
 }  // namespace
+
+void SetLogWriteCall(LogWriteCall call) {
+    writeCall = call ? call : &::write;
+}
 
 void AppendLogLine(const std::string& fullName, const std::string& line) {
     const std::string text = line + "\r\n";

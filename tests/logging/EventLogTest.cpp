@@ -46,8 +46,8 @@ TEST_F(EventLog, APieceOfOneDaysLog) {
 }
 
 // The timer is held off around the write and resumed as allowed, also when the line is lost:
-// a full disk, a missing directory, or a pipe that nobody reads, which must not hold the
-// program up. Nothing is shown.
+// a full disk, or a pipe that nobody reads, which must not hold the program up. A missing
+// directory is made. Nothing is shown.
 TEST_F(EventLog, HoldsTheTimerOffAndLosesALineThatCannotBeWritten) {
     ASSERT_EQ(::mkdir(dir.File("full").c_str(), 0700), 0);
     ASSERT_EQ(::symlink("/dev/full", dir.File(std::string("full/") + kToday).c_str()), 0);
@@ -66,6 +66,8 @@ TEST_F(EventLog, HoldsTheTimerOffAndLosesALineThatCannotBeWritten) {
     }
     EXPECT_TRUE(ts.messages.shown.empty());
     EXPECT_EQ(dir.Read(kToday), "09:15:02 11/14/2026 Save \r\n09:15:02 11/14/2026 Save \r\n");
+    EXPECT_EQ(dir.Read(std::string("missing/") + kToday),
+              "09:15:02 11/14/2026 Save missing/\r\n09:15:02 11/14/2026 Save missing/\r\n");
 }
 
 // The day's log stays Latin-1 while every character fits; a line that Latin-1 cannot hold
