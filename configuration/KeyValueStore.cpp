@@ -103,6 +103,18 @@ std::vector<std::string> KeyValueStore::TakeNotices() {
 void KeyValueStore::Close() {
     if (db_) sqlite3_close_v2(db_);
     db_ = nullptr;
+    walReady_ = false;
+}
+
+void KeyValueStore::EnsureWal() {
+    if (walReady_ || inMemory_ || !db_) return;
+    // A store in the rollback journal (made by another tool, or switched back by hand) is
+    // switched to WAL, as the program's own are, so that a reader never blocks a write. The
+    // switch needs the file to itself: while another program holds it, the write goes on in
+    // the journal it finds, and the switch is tried again at the next write.
+    Statement mode(db_, "PRAGMA journal_mode=WAL");
+    if (mode.Prepared() && mode.Step() == SQLITE_ROW)
+        walReady_ = sqlite3_stricmp(ColumnText(mode.get(), 0).c_str(), "wal") == 0;
 }
 
 bool KeyValueStore::EnsureOpen() {
@@ -164,11 +176,9 @@ bool KeyValueStore::OpenFile() {
     }
     if (!PrepareSchema()) return false;
     if (inMemory_) return true;
-    if (!readOnly_) {
-        // Kept in the file once set; a failure leaves the classic journal, which is as safe.
-        Exec(db_, "PRAGMA journal_mode=WAL");
-        Exec(db_, "PRAGMA synchronous=FULL");
-    }
+    // The switch to WAL waits for the first write: opening and reading leave the file as it
+    // is, whoever made it.
+    Exec(db_, "PRAGMA synchronous=FULL");
     Exec(db_, "PRAGMA foreign_keys=ON");
     return true;
 }
@@ -232,6 +242,7 @@ bool KeyValueStore::PrepareSchema() {
             OpenInMemory();
             return true;
         }
+        EnsureWal();
         int rc = Exec(db_, "BEGIN IMMEDIATE");
         if (rc == SQLITE_OK) {
             rc = Exec(db_, kSchema);
@@ -316,10 +327,43 @@ void KeyValueStore::Note(Problem p, const std::string& detail) {
     notices_.push_back(text);
 }
 
+KeyValueStore::Access KeyValueStore::CheckReadable(int waitMs) {
+    if (inMemory_) return Access::Other;
+    probing_ = true;
+    sawBusy_ = false;
+    const int timeout = busyTimeoutMs_;
+    const bool waiting = waitingOnLock_;
+    busyTimeoutMs_ = std::max(0, waitMs);
+    waitingOnLock_ = false;
+    if (db_) sqlite3_busy_timeout(db_, busyTimeoutMs_);
+    bool readable = EnsureOpen() && db_ && !inMemory_;
+    if (readable) {
+        // The open may have been lazy: one read of the keys tells a held file.
+        Statement read(db_, "SELECT count(*) FROM keys");
+        const int rc = read.Prepared() ? read.Step() : read.PrepareResult();
+        sawBusy_ = sawBusy_ || (rc & 0xff) == SQLITE_BUSY || (rc & 0xff) == SQLITE_LOCKED;
+        readable = rc == SQLITE_ROW;
+    }
+    busyTimeoutMs_ = timeout;
+    waitingOnLock_ = waiting && !readable;
+    if (db_) sqlite3_busy_timeout(db_, waitingOnLock_ ? std::min(100, timeout) : timeout);
+    probing_ = false;
+    if (readable) return Access::Readable;
+    return sawBusy_ ? Access::Busy : Access::Other;
+}
+
+void KeyValueStore::GoOnWithoutFile() {
+    OpenInMemory();
+}
+
 void KeyValueStore::NoteFailure(int rc) {
     switch (rc & 0xff) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
+            if (probing_) {
+                sawBusy_ = true;
+                break;
+            }
             // Until an operation succeeds again, wait only briefly: the lock has already made
             // the user wait once.
             waitingOnLock_ = true;
@@ -363,6 +407,7 @@ StoreStatus KeyValueStore::Write(Body body) {
         Note(Problem::ReadOnly);
         return StoreStatus::Failed;
     }
+    EnsureWal();
     int rc = Exec(db_, "BEGIN IMMEDIATE");
     if (rc != SQLITE_OK) {
         NoteFailure(rc);

@@ -114,18 +114,24 @@ std::string RegReadWithMessages(System& s, RegRoot root, const std::string& keyP
     return "";
 }
 
-void RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const std::string& typeWord,
-                   const std::string& valueName, const std::string& value) {
+bool RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const std::string& typeWord,
+                   const std::string& valueName, const std::string& value, bool quiet) {
+    const auto tell = [&](const std::string& text) {
+        if (!quiet) LayerBox(s, text);
+    };
+    const auto notices = [&] {
+        if (!quiet) ShowStoreNotices(s);
+    };
     if (value.empty()) {
-        LayerBox(s, "Bad input to creat value\r\nValue =  " + value);
-        return;
+        tell("Bad input to creat value\r\nValue =  " + value);
+        return false;
     }
     KeyValueStore* store = s.platform.store;
     const StoreStatus open = store ? store->CreateKey(root, keyPath) : StoreStatus::Failed;
-    ShowStoreNotices(s);
+    notices();
     if (open != StoreStatus::Ok) {
-        LayerBox(s, "Could not open key");
-        return;
+        tell("Could not open key");
+        return false;
     }
     StoredValue v;
     if (typeWord == "String") {
@@ -139,12 +145,13 @@ void RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const st
         v.Kind = StoredValue::Data::Integer;
         v.Integer = n.Value;
     } else {
-        LayerBox(s, "Bad input to create value\r\nType =  " + typeWord);
-        return;
+        tell("Bad input to create value\r\nType =  " + typeWord);
+        return false;
     }
     const StoreStatus set = store->SetValue(root, keyPath, valueName, v);
-    ShowStoreNotices(s);
-    if (set != StoreStatus::Ok) LayerBox(s, "Could not set value");
+    notices();
+    if (set != StoreStatus::Ok) tell("Could not set value");
+    return set == StoreStatus::Ok;
 }
 
 }  // namespace vantrellion

@@ -192,6 +192,28 @@ TEST(KeyValueStore, ExtraTablesAndIndexesOfASoundStoreAreLeftAlone) {
     EXPECT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='by_name'"), "1");
 }
 
+// A store in the rollback journal (made or switched back by another tool) is read as it is,
+// byte for byte, and switched to WAL at its first write.
+TEST(KeyValueStore, ARollbackJournalStoreIsSwitchedToWalAtItsFirstWrite) {
+    TempDir dir;
+    const std::string file = dir.Path() + "store.db";
+    {
+        KeyValueStore store(file);
+        ASSERT_EQ(Set(store, kConfig, "A", "1"), StoreStatus::Ok);
+    }
+    RawQuery(file, "PRAGMA journal_mode=DELETE");
+    ASSERT_EQ(RawQuery(file, "PRAGMA journal_mode"), "delete");
+    const std::string before = FileBytes(file);
+
+    KeyValueStore store(file);
+    EXPECT_EQ(ReadText(store, kConfig, "A"), "1");
+    EXPECT_EQ(FileBytes(file), before);
+    EXPECT_EQ(Set(store, kConfig, "B", "2"), StoreStatus::Ok);
+    EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(ReadText(store, kConfig, "B"), "2");
+    EXPECT_TRUE(store.TakeNotices().empty());
+}
+
 TEST(KeyValueStore, ALockedStoreFailsWithinTheBusyTimeoutAndIsToldOnce) {
     TempDir dir;
     const std::string file = dir.Path() + "store.db";
