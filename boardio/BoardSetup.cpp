@@ -64,11 +64,17 @@ void ResetAllRelays(System& s) {
 }
 
 void ClearOutputPorts(System& s) {
-    // One final write of 0 to the output port of each board that allows it. It goes straight
-    // to the port library, in emulation mode too, and a base of 0 is written like any other.
+    // One final write of 0 to the output port of each board that allows it, a base of 0 like
+    // any other. In emulation no real port is ever touched: the program may run without the
+    // board, and whatever sits at that address is not ours; the emulated byte is cleared.
     for (int board = 0; board <= LastBoard; ++board) {
         const BoardRecord& b = BoardAt(s, board);
-        if (b.ResetOnExit != 0) WritePort(s, b.BaseAddress, 0);
+        if (b.ResetOnExit == 0) continue;
+        if (s.modRelay.RunNoBoards != 0) {
+            EmulatedOutputByte(s, b.BaseAddress) = 0;
+        } else {
+            WritePort(s, b.BaseAddress, 0);
+        }
     }
 }
 

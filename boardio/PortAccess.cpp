@@ -17,21 +17,6 @@ const BoardRecord& BoardAt(const System& s, int board) {
     return s.modRelay.Board[board];
 }
 
-// The byte that stands for an output port in emulation mode. A board's base address selects
-// that board's byte; the table keeps room for more boards than this build drives, and a base
-// that belongs to one of those has no byte, which is an out-of-range subscript. Board 0 is
-// compared first, so a base shared with it is always board 0's. Any other address falls into
-// the one byte that catches all other ports.
-uint8_t& EmulatedOutputByte(System& s, int16_t base) {
-    for (int b = 0; b < BoardSlots; ++b) {
-        if (base == s.modRelay.Board[b].BaseAddress) {
-            if (b > LastBoard) SubscriptOutOfRange();
-            return s.frmRelay.EmulatedPort[b];
-        }
-    }
-    return s.frmRelay.EmulatedOtherPort;
-}
-
 // The input port in emulation mode: a board's inputs mirror its relays, so that a counter can
 // be tried out without a board. Unlike the output read, an address that is no board's input
 // reads 0 rather than the catch-all byte.
@@ -51,6 +36,17 @@ void WritePort(System& s, int16_t port, int value) {
 }
 
 }  // namespace
+
+// Board 0 is compared first, so a base shared with it is always board 0's.
+uint8_t& EmulatedOutputByte(System& s, int16_t base) {
+    for (int b = 0; b < BoardSlots; ++b) {
+        if (base == s.modRelay.Board[b].BaseAddress) {
+            if (b > LastBoard) SubscriptOutOfRange();
+            return s.frmRelay.EmulatedPort[b];
+        }
+    }
+    return s.frmRelay.EmulatedOtherPort;
+}
 
 int16_t GetANDOR(System& s, int r) {
     if (r >= 0 && r <= 7) return static_cast<int16_t>(1 << r);

@@ -13,6 +13,12 @@ int16_t GetANDOR(System& s, int r);
 // A processor loop of 2001 x 2001 rounds when StepDelay is 2000; otherwise returns at once.
 void WaitStepDelay(System& s);
 
+// The byte that stands for an output port in emulation mode. A board's base address selects
+// that board's byte; the table keeps room for more boards than this build drives, and a base
+// that belongs to one of those has no byte, which is an out-of-range subscript. Any other
+// address falls into the one byte that catches all other ports.
+uint8_t& EmulatedOutputByte(System& s, int16_t base);
+
 uint8_t PortSetBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config, int board,
                    int relay);
 uint8_t PortClearBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,

@@ -1,5 +1,6 @@
 #include "configuration/CheckConfigurationAtStart.h"
 
+#include "configuration/StoreAtStart.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
@@ -42,6 +43,8 @@ Answer AskForFirstConfiguration(System& s) {
 }  // namespace
 
 bool CheckConfigurationAtStart(System& s, FirstRunScreens& screens) {
+    // A store that another program holds is waited for, never read as an empty one.
+    if (!WaitForStoreAtStart(s)) return false;
     for (;;) {
         s.modRelay.FileVersion = ConfigurationLoadVersionFromReg(s);
         if (s.modRelay.FileVersion == ComposeFileVersion()) {

@@ -4,8 +4,8 @@
 
 namespace vantrellion {
 
-void ConfigurationStoreAdapter::ConfigurationLogFileNameSave() {
-    vantrellion::ConfigurationLogFileNameSave(s_);
+bool ConfigurationStoreAdapter::ConfigurationLogFileNameSave(bool quiet) {
+    return vantrellion::ConfigurationLogFileNameSave(s_, quiet);
 }
 
 void ConfigurationStoreAdapter::ConfigurationDataFileNameSave() {

@@ -9,7 +9,7 @@ namespace vantrellion {
 class ConfigurationStoreAdapter final : public ConfigurationStore {
   public:
     explicit ConfigurationStoreAdapter(System& s) : s_(s) {}
-    void ConfigurationLogFileNameSave() override;
+    bool ConfigurationLogFileNameSave(bool quiet) override;
     void ConfigurationDataFileNameSave() override;
     void ConfigurationDataFilePathSave() override;
     void ConfigurationFlagLoggingSave() override;      // LoggingOnOff as it stands

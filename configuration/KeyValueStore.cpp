@@ -103,6 +103,18 @@ std::vector<std::string> KeyValueStore::TakeNotices() {
 void KeyValueStore::Close() {
     if (db_) sqlite3_close_v2(db_);
     db_ = nullptr;
+    walReady_ = false;
+}
+
+void KeyValueStore::EnsureWal() {
+    if (walReady_ || inMemory_ || !db_) return;
+    // A store in the rollback journal (made by another tool, or switched back by hand) is
+    // switched to WAL, as the program's own are, so that a reader never blocks a write. The
+    // switch needs the file to itself: while another program holds it, the write goes on in
+    // the journal it finds, and the switch is tried again at the next write.
+    Statement mode(db_, "PRAGMA journal_mode=WAL");
+    if (mode.Prepared() && mode.Step() == SQLITE_ROW)
+        walReady_ = sqlite3_stricmp(ColumnText(mode.get(), 0).c_str(), "wal") == 0;
 }
 
 bool KeyValueStore::EnsureOpen() {
@@ -164,28 +176,65 @@ bool KeyValueStore::OpenFile() {
     }
     if (!PrepareSchema()) return false;
     if (inMemory_) return true;
-    if (!readOnly_) {
-        // Kept in the file once set; a failure leaves the classic journal, which is as safe.
-        Exec(db_, "PRAGMA journal_mode=WAL");
-        Exec(db_, "PRAGMA synchronous=FULL");
-    }
+    // The switch to WAL waits for the first write: opening and reading leave the file as it
+    // is, whoever made it.
+    Exec(db_, "PRAGMA synchronous=FULL");
     Exec(db_, "PRAGMA foreign_keys=ON");
     return true;
 }
 
+namespace {
+
+// One column of a table as the schema declares it.
+struct ColumnShape {
+    const char* Name;
+    const char* Type;
+    int PrimaryKey;  // position in the primary key, 0 when not part of it
+};
+
+constexpr ColumnShape kKeysShape[] = {
+    {"id", "INTEGER", 1}, {"root", "INTEGER", 0}, {"path", "TEXT", 0}};
+constexpr ColumnShape kValuesShape[] = {
+    {"key_id", "INTEGER", 1}, {"name", "TEXT", 2}, {"type", "INTEGER", 0}, {"data", "BLOB", 0}};
+
+bool SameText(const std::string& a, const char* b) {
+    return sqlite3_stricmp(a.c_str(), b) == 0;
+}
+
+// True when the table has exactly the columns of the schema, in their order.
+template <size_t N>
+bool TableHasShape(sqlite3* db, const char* table, const ColumnShape (&shape)[N]) {
+    Statement info(db, (std::string("PRAGMA table_info(\"") + table + "\")").c_str());
+    if (!info.Prepared()) return false;
+    size_t n = 0;
+    while (info.Step() == SQLITE_ROW) {
+        if (n == N) return false;
+        const ColumnShape& want = shape[n++];
+        if (!SameText(ColumnText(info.get(), 1), want.Name) ||
+            !SameText(ColumnText(info.get(), 2), want.Type) ||
+            sqlite3_column_int(info.get(), 5) != want.PrimaryKey)
+            return false;
+    }
+    return n == N;
+}
+
+}  // namespace
+
 bool KeyValueStore::PrepareSchema() {
+    // SQLite's own tables (sqlite_stat1 after an ANALYZE, sqlite_sequence) do not count.
     int tables = 0, ours = 0;
     {
         Statement count(db_,
                         "SELECT count(*), count(CASE WHEN name IN ('keys','values') THEN 1 END) "
-                        "FROM sqlite_master WHERE type='table'");
+                        "FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite\\_%' "
+                        "ESCAPE '\\'");
         if (count.Prepared() && count.Step() == SQLITE_ROW) {
             tables = sqlite3_column_int(count.get(), 0);
             ours = sqlite3_column_int(count.get(), 1);
         }
     }
-    // A new, empty file is made a store. A database that holds anything else is not one, and
-    // nothing is written to it.
+    // A new, empty file is made a store. A database without the store's two tables is someone
+    // else's, and nothing is written to it.
     if (tables == 0) {
         if (readOnly_) {
             Close();
@@ -193,6 +242,7 @@ bool KeyValueStore::PrepareSchema() {
             OpenInMemory();
             return true;
         }
+        EnsureWal();
         int rc = Exec(db_, "BEGIN IMMEDIATE");
         if (rc == SQLITE_OK) {
             rc = Exec(db_, kSchema);
@@ -206,11 +256,12 @@ bool KeyValueStore::PrepareSchema() {
         }
         return true;
     }
-    Statement keys(db_, "SELECT id, root, path FROM keys LIMIT 0");
-    Statement values(db_, "SELECT key_id, name, type, data FROM \"values\" LIMIT 0");
-    if (ours != 2 || tables != 2 || !keys.Prepared() || !values.Prepared()) {
+    // The two tables of the schema, each of its own shape, make a store; further tables and
+    // indexes that an administrator added are left alone.
+    if (ours != 2 || !TableHasShape(db_, "keys", kKeysShape) ||
+        !TableHasShape(db_, "values", kValuesShape)) {
         Close();
-        Note(Problem::Damaged, "it holds tables other than those of the configuration store");
+        Note(Problem::Damaged, "it does not hold the tables of the configuration store");
         OpenInMemory();
     }
     return true;
@@ -276,10 +327,43 @@ void KeyValueStore::Note(Problem p, const std::string& detail) {
     notices_.push_back(text);
 }
 
+KeyValueStore::Access KeyValueStore::CheckReadable(int waitMs) {
+    if (inMemory_) return Access::Other;
+    probing_ = true;
+    sawBusy_ = false;
+    const int timeout = busyTimeoutMs_;
+    const bool waiting = waitingOnLock_;
+    busyTimeoutMs_ = std::max(0, waitMs);
+    waitingOnLock_ = false;
+    if (db_) sqlite3_busy_timeout(db_, busyTimeoutMs_);
+    bool readable = EnsureOpen() && db_ && !inMemory_;
+    if (readable) {
+        // The open may have been lazy: one read of the keys tells a held file.
+        Statement read(db_, "SELECT count(*) FROM keys");
+        const int rc = read.Prepared() ? read.Step() : read.PrepareResult();
+        sawBusy_ = sawBusy_ || (rc & 0xff) == SQLITE_BUSY || (rc & 0xff) == SQLITE_LOCKED;
+        readable = rc == SQLITE_ROW;
+    }
+    busyTimeoutMs_ = timeout;
+    waitingOnLock_ = waiting && !readable;
+    if (db_) sqlite3_busy_timeout(db_, waitingOnLock_ ? std::min(100, timeout) : timeout);
+    probing_ = false;
+    if (readable) return Access::Readable;
+    return sawBusy_ ? Access::Busy : Access::Other;
+}
+
+void KeyValueStore::GoOnWithoutFile() {
+    OpenInMemory();
+}
+
 void KeyValueStore::NoteFailure(int rc) {
     switch (rc & 0xff) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
+            if (probing_) {
+                sawBusy_ = true;
+                break;
+            }
             // Until an operation succeeds again, wait only briefly: the lock has already made
             // the user wait once.
             waitingOnLock_ = true;
@@ -323,6 +407,7 @@ StoreStatus KeyValueStore::Write(Body body) {
         Note(Problem::ReadOnly);
         return StoreStatus::Failed;
     }
+    EnsureWal();
     int rc = Exec(db_, "BEGIN IMMEDIATE");
     if (rc != SQLITE_OK) {
         NoteFailure(rc);

@@ -4,7 +4,8 @@
 // Key paths are normalised (leading and trailing "\" dropped) and compared without regard to
 // case; creating a key creates its missing parents; a missing key and a missing value stay
 // distinct. Every write is one transaction (BEGIN IMMEDIATE) in WAL mode with synchronous=FULL,
-// and a busy timeout lets two running programs take turns instead of failing at once.
+// and a busy timeout lets two running programs take turns instead of failing at once. A file
+// found in the rollback journal is switched to WAL at its first write, not before.
 //
 // The file is opened at the first use. Problems of the file itself are noted for the user once
 // each, naming the file, the cause and the cure (TakeNotices):
@@ -62,6 +63,15 @@ class KeyValueStore : public KeyValueBackend {
     // True once the file has been given up for the run and an empty store in memory serves.
     bool InMemory() const { return inMemory_; }
 
+    // Whether the file can be read now: busy while another program holds it locked (an
+    // sqlite3 session in the middle of a write, a backup tool). Waits at most waitMs for the
+    // lock to go; a busy file is not noted for the user, the caller tells it.
+    enum class Access { Readable, Busy, Other };
+    Access CheckReadable(int waitMs);
+    // Gives the file up for the rest of the run, unread and untouched: an empty store in
+    // memory serves, and nothing of this run reaches the file.
+    void GoOnWithoutFile();
+
     // The notices that are due for the user, each told once; the list is emptied.
     std::vector<std::string> TakeNotices() override;
 
@@ -69,6 +79,7 @@ class KeyValueStore : public KeyValueBackend {
     enum class Problem { Damaged, CannotOpen, ReadOnly, Locked, DiskFull, IoError, Count };
 
     bool EnsureOpen();
+    void EnsureWal();
     bool OpenFile();
     void OpenInMemory();
     bool PrepareSchema();
@@ -89,7 +100,10 @@ class KeyValueStore : public KeyValueBackend {
     sqlite3* db_ = nullptr;
     bool inMemory_ = false;
     bool readOnly_ = false;
+    bool walReady_ = false;       // the file is in WAL mode
     bool waitingOnLock_ = false;  // a lock made the last operation time out
+    bool probing_ = false;        // CheckReadable is asking: a busy file is not noted
+    bool sawBusy_ = false;        // the last operation found the file busy
     bool told_[static_cast<int>(Problem::Count)] = {};
     std::vector<std::string> notices_;
 };

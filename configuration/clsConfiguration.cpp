@@ -81,8 +81,9 @@ void ConfigurationFlagRunNoBoardsSave(System& s, Flag flag) {
     WriteText(s, "RunNoBoards", FlagText(flag));
 }
 
-void ConfigurationLogFileNameSave(System& s) {
-    WriteText(s, "LogFileName", s.modRelay.LogFileName);
+bool ConfigurationLogFileNameSave(System& s, bool quiet) {
+    return RegWriteValue(s, HKEY_LOCAL_MACHINE, ConfigKeyWrite, "String", "LogFileName",
+                         s.modRelay.LogFileName, quiet);
 }
 
 void ConfigurationLogFilePathSave(System& s) {

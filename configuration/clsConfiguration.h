@@ -50,7 +50,8 @@ void ConfigurationInstallNameSave(System& s, const std::string& name);
 void ConfigurationFlagLoggingSave(System& s, Flag flag);
 void ConfigurationFlagRunNoBoardsSave(System& s, Flag flag);
 // Each writes its value from the shared state.
-void ConfigurationLogFileNameSave(System& s);
+// True when the store took the value; quiet shows no box (a retry of a told failure).
+bool ConfigurationLogFileNameSave(System& s, bool quiet = false);
 void ConfigurationLogFilePathSave(System& s);
 void ConfigurationDataFileNameSave(System& s);
 void ConfigurationDataFilePathSave(System& s);

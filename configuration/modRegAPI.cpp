@@ -5,6 +5,7 @@
 #include "configuration/AutostartFolders.h"
 #include "configuration/NumericText.h"
 #include "core/FatalError.h"
+#include "core/TextEncoding.h"
 
 namespace vantrellion {
 
@@ -40,7 +41,11 @@ std::string NumberText(int64_t v) {
 
 // The text of a value that has been found, or nothing when its type or data cannot be read.
 std::optional<std::string> ValueText(const StoredValue& v) {
-    if (v.Type == RegTypeText && v.Kind == StoredValue::Data::Text) return v.Text;
+    if (v.Type == RegTypeText && v.Kind == StoredValue::Data::Text) {
+        // Texts are stored as UTF-8; a text that is not (written as Latin-1 bytes by an
+        // earlier version, or by hand) is read as Latin-1, so nothing is lost or replaced.
+        return IsValidUtf8(v.Text) ? v.Text : Latin1ToUtf8(v.Text);
+    }
     if (v.Type == RegTypeNumber && v.Kind == StoredValue::Data::Integer && v.Integer >= INT32_MIN &&
         v.Integer <= INT32_MAX)
         return NumberText(v.Integer);
@@ -129,19 +134,25 @@ std::string RegReadWithMessages(System& s, RegRoot root, const std::string& keyP
     return "";
 }
 
-void RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const std::string& typeWord,
-                   const std::string& valueName, const std::string& value) {
+bool RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const std::string& typeWord,
+                   const std::string& valueName, const std::string& value, bool quiet) {
+    const auto tell = [&](const std::string& text) {
+        if (!quiet) LayerBox(s, text);
+    };
+    const auto notices = [&] {
+        if (!quiet) ShowStoreNotices(s);
+    };
     if (value.empty()) {
-        LayerBox(s, "Bad input to creat value\r\nValue =  " + value);
-        return;
+        tell("Bad input to creat value\r\nValue =  " + value);
+        return false;
     }
     const StoreFor place(s, keyPath);
     KeyValueBackend* store = place.get();
     const StoreStatus open = store ? store->CreateKey(root, keyPath) : StoreStatus::Failed;
-    ShowStoreNotices(s);
+    notices();
     if (open != StoreStatus::Ok) {
-        LayerBox(s, "Could not open key");
-        return;
+        tell("Could not open key");
+        return false;
     }
     StoredValue v;
     if (typeWord == "String") {
@@ -155,12 +166,13 @@ void RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const st
         v.Kind = StoredValue::Data::Integer;
         v.Integer = n.Value;
     } else {
-        LayerBox(s, "Bad input to create value\r\nType =  " + typeWord);
-        return;
+        tell("Bad input to create value\r\nType =  " + typeWord);
+        return false;
     }
     const StoreStatus set = store->SetValue(root, keyPath, valueName, v);
-    ShowStoreNotices(s);
-    if (set != StoreStatus::Ok) LayerBox(s, "Could not set value");
+    notices();
+    if (set != StoreStatus::Ok) tell("Could not set value");
+    return set == StoreStatus::Ok;
 }
 
 }  // namespace vantrellion

@@ -49,9 +49,10 @@ std::string RegReadWithMessages(System& s, RegRoot root, const std::string& keyP
 // number). An empty value is refused before the key is touched; the key is then created if
 // missing, and only then is the type word checked, exactly and with its case. A "Number" whose
 // text is not a number, or does not fit 32 bits, throws FatalError with the conversion's
-// error: the layer has no handler of its own there.
-void RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const std::string& typeWord,
-                   const std::string& valueName, const std::string& value);
+// error: the layer has no handler of its own there. True when the value was stored. A quiet
+// write shows no box; the store's notices wait for the next call that shows them.
+bool RegWriteValue(System& s, RegRoot root, const std::string& keyPath, const std::string& typeWord,
+                   const std::string& valueName, const std::string& value, bool quiet = false);
 
 // Shows the store's own notices that are due (a damaged, locked or read-only file).
 void ShowStoreNotices(System& s);

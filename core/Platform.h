@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -73,6 +74,15 @@ class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;
     virtual Answer Show(const MessageBoxRequest& request) = 0;
+    // A box that waits on something: while it is up, ready() is asked every intervalMs, and
+    // once it answers true the box closes by itself and nothing is answered. Without a way to
+    // wait, ready() is asked once before the box is shown.
+    virtual std::optional<Answer> ShowUntil(const MessageBoxRequest& request,
+                                            const std::function<bool()>& ready,
+                                            int /*intervalMs*/) {
+        if (ready()) return std::nullopt;
+        return Show(request);
+    }
 };
 
 // What the engine paints on the main screen. Indices are record indices i (rows), pair
@@ -131,7 +141,9 @@ class FileDialogs {
 class ConfigurationStore {
   public:
     virtual ~ConfigurationStore() = default;
-    virtual void ConfigurationLogFileNameSave() = 0;
+    // Stores LogFileName; false when the store did not take it. A quiet save shows no box: it
+    // tries again a value whose failure has been told already.
+    virtual bool ConfigurationLogFileNameSave(bool quiet) = 0;
     virtual void ConfigurationDataFileNameSave() = 0;
     virtual void ConfigurationDataFilePathSave() = 0;
     virtual void ConfigurationFlagLoggingSave() = 0;

@@ -54,6 +54,7 @@ struct ModRelay {
     Flag TimeWindowShown = 0;
     std::string FileVersion;
     std::string LogFilePath, LogFileName;
+    bool LogFileNameUnsaved = false;  // the store did not take LogFileName; tried again
     std::string DataFilePath, DataFileName;
     Flag LoggingOnOff = 0;
     Flag RunNoBoards = 0;

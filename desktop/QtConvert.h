@@ -1,5 +1,5 @@
 // Conversions between the system's units and Qt's: twips to pixels, 32-bit BGR colours,
-// Latin-1 texts.
+// UTF-8 texts.
 #pragma once
 
 #include <QColor>
@@ -19,11 +19,13 @@ inline QColor ToQColor(Color c) {
     return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
 }
 
-inline QString Q(const std::string& latin1) {
-    return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size()));
+// Texts of the core, file names and paths included, are UTF-8: they pass to and from Qt
+// without loss, whatever the characters.
+inline QString Q(const std::string& utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 inline std::string S(const QString& text) {
-    return text.toLatin1().toStdString();
+    return text.toUtf8().toStdString();
 }
 
 }  // namespace vantrellion

@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
+#include <QTimer>
 
 #include "desktop/QtConvert.h"
 
@@ -55,7 +56,12 @@ void QtEventPump::ProcessPendingEvents() {
     QCoreApplication::processEvents();
 }
 
-Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
+namespace {
+
+// One message box; with ready, asked every intervalMs while the box is up, the box closes by
+// itself once ready answers true, and nothing is answered.
+std::optional<Answer> RunMessageBox(const MessageBoxRequest& r, const std::function<bool()>* ready,
+                                    int intervalMs) {
     qCDebug(lcMessageBox).noquote() << Q(r.Title) << "|" << Q(r.Prompt);
     QMessageBox box;
     box.setWindowTitle(Q(r.Title));
@@ -113,11 +119,35 @@ Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
     box.setStandardButtons(all);
     const size_t def = static_cast<size_t>(std::max(1, r.DefaultButton)) - 1;
     if (def < choices.size()) box.setDefaultButton(choices[def].button);
+    bool becameReady = false;
+    QTimer poll;
+    if (ready) {
+        QObject::connect(&poll, &QTimer::timeout, &box, [&] {
+            if (!(*ready)()) return;
+            becameReady = true;
+            poll.stop();
+            box.done(QMessageBox::NoButton);
+        });
+        poll.start(intervalMs);
+    }
     const auto pressed = static_cast<QMessageBox::StandardButton>(box.exec());
+    if (becameReady) return std::nullopt;
     for (const Choice& c : choices)
         if (c.button == pressed) return c.answer;
     // Closed by the window's close button: the cancelling answer of the set.
     return choices.size() > 1 ? choices.back().answer : choices.front().answer;
+}
+
+}  // namespace
+
+Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
+    return *RunMessageBox(r, nullptr, 0);
+}
+
+std::optional<Answer> QtMessageBoxes::ShowUntil(const MessageBoxRequest& r,
+                                                const std::function<bool()>& ready,
+                                                int intervalMs) {
+    return RunMessageBox(r, &ready, intervalMs);
 }
 
 QString QtFilterFromSystemFilter(const std::string& filter) {

@@ -40,6 +40,8 @@ class QtEventPump : public EventPump {
 class QtMessageBoxes : public MessageBoxes {
   public:
     Answer Show(const MessageBoxRequest& request) override;
+    std::optional<Answer> ShowUntil(const MessageBoxRequest& request,
+                                    const std::function<bool()>& ready, int intervalMs) override;
 };
 
 class QtFileDialogs : public FileDialogs {

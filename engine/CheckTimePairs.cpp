@@ -162,8 +162,11 @@ void CheckPairCyclic(System& s, int i, int k, int now, int32_t tick) {
     RelayRecord& relay = s.frmRelay.Relay[i];
 
     if (tick <= relay.CycleStart) {  // the half-cycle is still running
-        relay.NewState = relay.OldState;
-        s.frmRelay.PairActive[k] = relay.OldState != 0 ? True : False;
+        // A relay not read back yet (OldState 9, the first tick after a reset) counts as off,
+        // as after any restart: an evaluation only ever gives 0 or 1.
+        const bool on = relay.OldState == 1;
+        relay.NewState = on ? 1 : 0;
+        s.frmRelay.PairActive[k] = on ? True : False;
         return;
     }
 

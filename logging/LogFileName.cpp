@@ -22,10 +22,15 @@ std::string LogFileNameForDate(const std::string& shortDate) {
 }
 
 std::string MakeLogFileName(System& s) {
+    ModRelay& m = s.modRelay;
     const std::string name = LogFileNameForDate(s.clock().ShortDate());
-    if (name != s.modRelay.LogFileName) {
-        s.modRelay.LogFileName = name;
-        if (s.platform.configuration) s.platform.configuration->ConfigurationLogFileNameSave();
+    // A name the store did not take (held by another program) is stored again at the next
+    // line, quietly, until it is taken; a new day's name is a new value and told as ever.
+    if (name != m.LogFileName || m.LogFileNameUnsaved) {
+        const bool retry = name == m.LogFileName;
+        m.LogFileName = name;
+        if (ConfigurationStore* c = s.platform.configuration)
+            m.LogFileNameUnsaved = !c->ConfigurationLogFileNameSave(retry);
     }
     return s.modRelay.LogFilePath + s.modRelay.LogFileName;
 }

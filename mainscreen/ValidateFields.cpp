@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "core/TextEncoding.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RowTotals.h"
 #include "engine/TimeOfDay.h"
@@ -66,7 +67,7 @@ bool ValidateTime(System& s, Control field, int k, std::string& text) {
         // Clearing one side unsets the pair; nothing to check.
         own = "";
     } else {
-        if (text.size() > 8) ReplaceFieldText(s, field, k, text, text.substr(0, 8));
+        ReplaceFieldText(s, field, k, text, Utf8Prefix(text, 8));
         const std::optional<int> entered = ParseTimeOfDay(text);
         if (!entered)
             return Reject(s,
@@ -134,7 +135,7 @@ bool ValidateDaysOfWeek(System& s, int i, std::string& text) {
 }
 
 bool ValidateDayHrEvenOdd(System& s, int i, std::string& text) {
-    ReplaceFieldText(s, Control::txtDayHrEvenOdd, i, text, UpperCase(text).substr(0, 2));
+    ReplaceFieldText(s, Control::txtDayHrEvenOdd, i, text, Utf8Prefix(UpperCase(text), 2));
     if (!IsEvenOddCode(text)) return Reject(s, "Invalid Even/Odd Entered, please re-enter");
     RelayRecord& rec = s.frmRelay.Relay[i];
     if (text != rec.DayHrEvenOdd) {

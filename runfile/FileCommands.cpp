@@ -106,9 +106,12 @@ void mnuFileOpen(System& s) {
     dialog.Filter = "Run File (*.run)|*.run";
     dialog.Flags = 0x81000;
     const std::optional<std::string> chosen = s.platform.dialogs->ShowOpen(dialog);
-    // A cancelled dialog ends the command here, and the tick stays stopped until another
-    // command resumes it.
-    if (!chosen) return;
+    // A cancelled dialog ends the command here with nothing changed, and the relays go on
+    // following the schedule on screen.
+    if (!chosen) {
+        ResumeCheckTime(s);
+        return;
+    }
     OpenChosenRunFile(s, *chosen);
 }
 

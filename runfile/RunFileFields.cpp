@@ -21,9 +21,10 @@ bool IsDigit(char c) {
 
 }  // namespace
 
-FieldReader::FieldReader(int fd) : fd_(fd) {}
+FieldReader::FieldReader(int fd, TextFileEncoding encoding) : fd_(fd), encoding_(encoding) {}
 
-FieldReader::FieldReader(std::string bytes) : buf_(std::move(bytes)), eof_(true) {}
+FieldReader::FieldReader(std::string bytes, TextFileEncoding encoding)
+    : encoding_(encoding), buf_(std::move(bytes)), eof_(true) {}
 
 int FieldReader::Peek() {
     if (pos_ < buf_.size()) return static_cast<unsigned char>(buf_[pos_]);
@@ -68,8 +69,13 @@ void FieldReader::BeginField() {
     if (AtEnd()) throw FieldReadError(ErrTextPastEnd);
 }
 
-void FieldReader::Append(std::string& value, int c) {
+void FieldReader::Append(std::string& value, int c) const {
     if (value.size() >= MaxFieldLength) throw FieldReadError(ErrTextFieldTooLong);
+    if (encoding_ == TextFileEncoding::Latin1 && c >= 0x80) {
+        value.push_back(static_cast<char>(0xC0 | (c >> 6)));
+        value.push_back(static_cast<char>(0x80 | (c & 0x3F)));
+        return;
+    }
     value.push_back(static_cast<char>(c));
 }
 
@@ -80,11 +86,18 @@ std::string FieldReader::ReadText() {
     int c = Peek();
     if (c == '"') {
         Skip();
-        while ((c = Peek()) >= 0 && c != '"') {
-            Append(value, c);
+        for (;;) {
+            while ((c = Peek()) >= 0 && c != '"') {
+                Append(value, c);
+                Skip();
+            }
+            if (c != '"') break;
+            Skip();
+            // Two quotes in a row inside a quoted text stand for one quote of the text.
+            if (Peek() != '"') break;
+            Append(value, '"');
             Skip();
         }
-        if (c == '"') Skip();
         // Whatever follows the closing quote up to the delimiter is not part of the value.
         while ((c = Peek()) >= 0 && c != ',' && !IsLineEnd(c))
             Skip();

@@ -1,8 +1,9 @@
 // Delimited input of Run Files. The reader takes fields, not lines, and is looser than the
 // writer:
 // - a text field drops its leading blanks; if it then starts with a double quote its value is
-//   what stands up to the next double quote (line ends included), and the rest up to the next
-//   comma or line end is dropped; otherwise the value ends at the first comma or line end;
+//   what stands up to the next double quote (line ends included), two quotes in a row standing
+//   for one quote of the text, and the rest up to the next comma or line end is dropped;
+//   otherwise the value ends at the first comma or line end;
 // - a number field skips blanks and ends at a blank, a comma or a line end; blanks after it
 //   and one comma or line end are consumed as its delimiter;
 // - a line ends with CR LF, LF or CR;
@@ -12,6 +13,8 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+
+#include "core/TextEncoding.h"
 
 namespace vantrellion {
 
@@ -29,10 +32,11 @@ inline constexpr const char* ErrTextFieldTooLong = "Out of string space";
 
 class FieldReader {
   public:
-    // Reads from an open descriptor, which the caller keeps and closes.
-    explicit FieldReader(int fd);
+    // Reads from an open descriptor, which the caller keeps and closes. Texts come back in
+    // UTF-8: bytes of a Latin-1 file are taken as the characters they stand for.
+    explicit FieldReader(int fd, TextFileEncoding encoding = TextFileEncoding::Utf8);
     // Reads the given bytes.
-    explicit FieldReader(std::string bytes);
+    explicit FieldReader(std::string bytes, TextFileEncoding encoding = TextFileEncoding::Utf8);
 
     // True when no byte is left.
     bool AtEnd();
@@ -53,9 +57,10 @@ class FieldReader {
     // Consumes a comma, or a line end of CR LF, LF or CR, if one is next.
     void EndField();
     void BeginField();
-    static void Append(std::string& value, int c);
+    void Append(std::string& value, int c) const;
 
     int fd_ = -1;
+    TextFileEncoding encoding_ = TextFileEncoding::Utf8;
     std::string buf_;
     size_t pos_ = 0;
     bool eof_ = false;

@@ -42,6 +42,26 @@ int OpenForInput(const std::string& fullName, std::string& error) {
     return fd;
 }
 
+// How the file's texts are to be read: UTF-8 when its bytes are valid UTF-8 with at least one
+// multi-byte sequence, else Latin-1. A Run File is a few kilobytes; the start of anything
+// larger decides. The read position stays at the start.
+TextFileEncoding ReadEncoding(int fd) {
+    constexpr off_t kJudged = 4 << 20;
+    struct stat st {};
+    if (::fstat(fd, &st) != 0) return TextFileEncoding::Latin1;
+    std::string head(static_cast<size_t>(std::min(st.st_size, kJudged)), '\0');
+    size_t got = 0;
+    while (got < head.size()) {
+        const ssize_t n =
+            ::pread(fd, head.data() + got, head.size() - got, static_cast<off_t>(got));
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) break;
+        got += static_cast<size_t>(n);
+    }
+    head.resize(got);
+    return DetectTextFileEncoding(head);
+}
+
 // The part of the version line before the first "|", and the part after it up to the next.
 struct VersionPieces {
     std::string version;
@@ -174,7 +194,7 @@ int LoadRunFile(System& s, const std::string& Path, const std::string& FileName,
         return RunFileOpenFailed;
     }
 
-    FieldReader in(fd);
+    FieldReader in(fd, ReadEncoding(fd));
     bool inTimeArray = false;
     int result;
     try {

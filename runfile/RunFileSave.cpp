@@ -1,12 +1,11 @@
 #include "runfile/RunFileSave.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
+#include <string_view>
 
 #include "core/CheckTimeControl.h"
+#include "core/ReplaceFile.h"
+#include "core/TextEncoding.h"
 
 namespace vantrellion {
 
@@ -53,23 +52,16 @@ void ShowSaveError(System& s, const char* title, int error) {
     s.Message({std::strerror(error), Buttons::OK, Icon::Exclamation, 1, title});
 }
 
-// Writes the image to the open file and forces it to the disk, so that the schedule survives
-// a power cut. On failure returns false with errno set and the count of bytes that got out in
-// written.
-bool WriteImage(int fd, const std::string& bytes, size_t& written) {
-    written = 0;
-    while (written < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + written, bytes.size() - written);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        written += static_cast<size_t>(n);
-    }
-    // A file system or device that cannot sync (EINVAL, EROFS on some devices) has taken the
-    // bytes all the same.
-    if (::fsync(fd) != 0 && errno != EINVAL && errno != EROFS && errno != ENOTSUP) return false;
-    return true;
+// The file's bytes: Latin-1 when every character of the schedule fits, else UTF-8. The mark
+// of the first time line moves with the encoding.
+RunFileImage EncodeImage(const RunFileImage& text) {
+    TextFileEncoding used;
+    RunFileImage out;
+    out.bytes = EncodeTextFileBytes(text.bytes, used);
+    const std::string_view head(text.bytes.data(), text.firstTimeLine);
+    out.firstTimeLine =
+        used == TextFileEncoding::Latin1 ? EncodeTextFileBytes(head).size() : head.size();
+    return out;
 }
 
 }  // namespace
@@ -84,37 +76,43 @@ std::string RunFileFlagLine(Flag value) {
 }
 
 std::string RunFileTextLine(const std::string& text) {
-    return text + "\r\n";
+    // The reader ends a plain text at a comma and takes a leading double quote as the start of
+    // a quoted text, so a text holding either is written in double quotes, each of its own
+    // quotes doubled. Every other text goes out as it stands.
+    if (text.find_first_of(",\"") == std::string::npos) return text + "\r\n";
+    std::string line = "\"";
+    for (char c : text) {
+        if (c == '"') line += '"';
+        line += c;
+    }
+    return line + "\"\r\n";
 }
 
 bool SaveRunFile(System& s, const std::string& Path, const std::string& FileName) {
     SuspendCheckTime(s);
     s.modRelay.FileVersion = ComposeFileVersion();
-    const RunFileImage image = BuildRunFile(s);
+    const RunFileImage image = EncodeImage(BuildRunFile(s));
 
-    bool saved = false;
-    // Non-blocking, so that a pipe without a reader is refused instead of hanging the open;
-    // for a regular file the flag changes nothing.
-    const int fd = ::open((Path + FileName).c_str(),
-                          O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
-    if (fd < 0) {
-        ShowSaveError(s, "Open File Error", errno);
-    } else {
-        size_t written = 0;
-        if (WriteImage(fd, image.bytes, written)) {
-            saved = true;
-        } else {
+    // Written whole beside the old file and renamed over it: a kill or a power cut during the
+    // save leaves the previous schedule, never an empty or short file.
+    const FileWriteResult r = ReplaceFileContents(Path + FileName, image.bytes);
+    switch (r.stage) {
+        case FileWriteResult::Stage::Done:
+            break;
+        case FileWriteResult::Stage::Open:
+            ShowSaveError(s, "Open File Error", r.error);
+            break;
+        case FileWriteResult::Stage::Write:
             ShowSaveError(s,
-                          written < image.firstTimeLine ? "Error Writing Data File"
-                                                        : "Error Writing Time Array",
-                          errno);
-        }
-        ::close(fd);
+                          r.written < image.firstTimeLine ? "Error Writing Data File"
+                                                          : "Error Writing Time Array",
+                          r.error);
+            break;
     }
 
     s.frmRelay.AutoRestarted = False;
     ResumeCheckTime(s);
-    return saved;
+    return r.stage == FileWriteResult::Stage::Done;
 }
 
 }  // namespace vantrellion

@@ -37,6 +37,13 @@ void mnuFileConfiguration(System& s, ConfigurationScreens& screens) {
     SuspendCheckTime(s);
     LetPendingInputRun(s);
 
+    // The screens reload the store when an edit is discarded and fill empty names with the
+    // defaults when they save; the stored last Run File need not be the schedule on screen
+    // (after New, a failed Open, a crash restart). The title and File > Save must go on naming
+    // the file the schedule came from, so the schedule's own file is kept across the screens.
+    const std::string dataFilePath = s.modRelay.DataFilePath;
+    const std::string dataFileName = s.modRelay.DataFileName;
+
     std::array<AddressSnapshot, BoardSlots> before{};
     for (int b = 0; b < BoardSlots; ++b) {
         const BoardRecord& board = s.modRelay.Board[b];
@@ -51,6 +58,8 @@ void mnuFileConfiguration(System& s, ConfigurationScreens& screens) {
         screens.ShowConfiguration();
     }
 
+    s.modRelay.DataFilePath = dataFilePath;
+    s.modRelay.DataFileName = dataFileName;
     screens.RepaintMainScreen();
     LetPendingInputRun(s);
 

@@ -1,10 +1,16 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <memory>
 
 #include "configuration/CheckConfigurationAtStart.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 #include "support/Fakes.h"
+#include "support/TempDir.h"
 #include "support/TempStore.h"
 
 namespace vantrellion {
@@ -168,6 +174,162 @@ TEST(StartUpCheck, ScreensLeftWithoutSaveAskAgainAndLeaveOnlyTheTwoFlags) {
     EXPECT_EQ(Stored(t.s, "LoggingOnOff"), "1");
     EXPECT_EQ(Stored(t.s, "RunNoBoards"), "1");
     EXPECT_EQ(ConfigurationLoadVersionFromReg(t.s), "VALUENAMENOTFOUND");
+}
+
+// Another program that holds the store: a child process that opens the file with its own
+// connection, takes BEGIN EXCLUSIVE (in the rollback journal readers then wait too), and
+// lets go when told.
+class StoreHolder {
+  public:
+    explicit StoreHolder(const std::string& file) {
+        int ready[2], release[2];
+        if (::pipe(ready) != 0 || ::pipe(release) != 0) return;
+        pid_ = ::fork();
+        if (pid_ == 0) {
+            sqlite3* db = nullptr;
+            char c = 0;
+            const bool held =
+                sqlite3_open(file.c_str(), &db) == SQLITE_OK &&
+                sqlite3_exec(db, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) == SQLITE_OK;
+            c = held ? 'y' : 'n';
+            if (::write(ready[1], &c, 1) != 1 || ::read(release[0], &c, 1) != 1) ::_exit(2);
+            sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
+            sqlite3_close(db);
+            ::_exit(0);
+        }
+        char c = 0;
+        held_ = ::read(ready[0], &c, 1) == 1 && c == 'y';
+        releaseFd_ = release[1];
+    }
+    ~StoreHolder() { Release(); }
+    bool Held() const { return held_; }
+    pid_t Pid() const { return pid_; }
+    void Release() {
+        if (releaseFd_ < 0) return;
+        const char c = 'r';
+        if (::write(releaseFd_, &c, 1) == 1) ::waitpid(pid_, nullptr, 0);
+        ::close(releaseFd_);
+        releaseFd_ = -1;
+    }
+
+  private:
+    pid_t pid_ = -1;
+    bool held_ = false;
+    int releaseFd_ = -1;
+};
+
+// Every stored value, in order: a picture of the store's contents.
+std::string StoredValues(const std::string& file) {
+    sqlite3* db = nullptr;
+    sqlite3_open(file.c_str(), &db);
+    sqlite3_stmt* st = nullptr;
+    std::string out;
+    sqlite3_prepare_v2(db,
+                       "SELECT k.path || '\\' || v.name || '=' || v.data FROM \"values\" v "
+                       "JOIN keys k ON k.id = v.key_id ORDER BY 1",
+                       -1, &st, nullptr);
+    while (sqlite3_step(st) == SQLITE_ROW)
+        out += reinterpret_cast<const char*>(sqlite3_column_text(st, 0)) + std::string("\n");
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+    return out;
+}
+
+// A store as another tool leaves it: a full configuration in the rollback journal.
+class LockedStoreAtStart : public ::testing::Test {
+  protected:
+    test::TempDir dir;
+    TestSystem t;
+    std::string file = dir.Path() + "store.db";
+    std::unique_ptr<KeyValueStore> store;
+
+    void SetUp() override {
+        {
+            KeyValueStore prepared(file);
+            TestSystem p;
+            p.s.platform.store = &prepared;
+            p.s.platform.machineDirectory = dir.Path();
+            p.mod().LogFilePath = "/var/log/farm/";
+            p.mod().RunNoBoards = False;
+            ConfigurationSaveToReg(p.s);
+        }
+        sqlite3* db = nullptr;
+        sqlite3_open(file.c_str(), &db);
+        sqlite3_exec(db, "PRAGMA journal_mode=DELETE", nullptr, nullptr, nullptr);
+        sqlite3_close(db);
+        store = std::make_unique<KeyValueStore>(file, 300);
+        t.s.platform.store = store.get();
+        t.s.platform.machineDirectory = dir.Path();
+    }
+};
+
+// Message boxes whose waiting box lets the holder go after the first look.
+struct ReleasingMessages : test::FakeMessages {
+    StoreHolder* holder = nullptr;
+    int looks = 0;
+    std::optional<Answer> ShowUntil(const MessageBoxRequest& r, const std::function<bool()>& ready,
+                                    int) override {
+        shown.push_back(r);
+        for (; looks < 10; ++looks) {
+            if (ready()) return std::nullopt;
+            holder->Release();
+        }
+        return Answer::Abort;
+    }
+};
+
+TEST_F(LockedStoreAtStart, IsWaitedForThenReadAndASaveChangesNothingUnasked) {
+    StoreHolder holder(file);
+    ASSERT_TRUE(holder.Held());
+    ReleasingMessages boxes;
+    boxes.holder = &holder;
+    t.s.platform.messages = &boxes;
+    FakeScreens screens(t.s);
+    EXPECT_TRUE(CheckConfigurationAtStart(t.s, screens));
+
+    ASSERT_EQ(boxes.shown.size(), 1u) << "one box, and no first-run question";
+    const MessageBoxRequest& box = boxes.shown[0];
+    EXPECT_NE(box.Prompt.find(file), std::string::npos);
+    EXPECT_NE(box.Prompt.find("(process " + std::to_string(holder.Pid()) + ")"), std::string::npos)
+        << box.Prompt;
+    EXPECT_EQ(box.ButtonSet, Buttons::AbortRetryIgnore);
+    EXPECT_EQ(boxes.looks, 1);
+    EXPECT_TRUE(screens.shown.empty());
+    EXPECT_EQ(t.mod().LogFilePath, "/var/log/farm/");
+    EXPECT_EQ(t.mod().RunNoBoards, False);
+
+    const std::string before = StoredValues(file);
+    ConfigurationSaveToReg(t.s);
+    EXPECT_EQ(StoredValues(file), before);
+    // The first write switched the store to WAL.
+    EXPECT_TRUE(dir.Exists("store.db-wal"));
+}
+
+TEST_F(LockedStoreAtStart, GoingOnWithoutItLeavesTheFileUntouched) {
+    const std::string bytes = dir.Read("store.db");
+    StoreHolder holder(file);
+    ASSERT_TRUE(holder.Held());
+    t.messages.answers = {Answer::Ignore, Answer::OK};  // go on; then configure now
+    FakeScreens screens(t.s);
+    screens.saves = true;
+    EXPECT_TRUE(CheckConfigurationAtStart(t.s, screens));
+    EXPECT_EQ(t.messages.Prompts().at(1), kFirstRun);
+    EXPECT_EQ(screens.shown.size(), 1u);
+    // The holder lets go while the program runs on; later saves still leave the file alone.
+    holder.Release();
+    ConfigurationSaveToReg(t.s);
+    RegWriteValue(t.s, HKEY_LOCAL_MACHINE, "\\SOFTWARE\\Vantrellion\\Config\\", "String",
+                  "LogFileName", "x.Log");
+    EXPECT_EQ(dir.Read("store.db"), bytes);
+    EXPECT_FALSE(dir.Exists("store.db-wal"));
+    EXPECT_FALSE(dir.Exists("store.db-journal"));
+
+    // Abort ends the start.
+    StoreHolder again(file);
+    KeyValueStore other(file, 300);
+    t.s.platform.store = &other;
+    t.messages.answers = {Answer::Abort};
+    EXPECT_FALSE(CheckConfigurationAtStart(t.s, screens));
 }
 
 }  // namespace

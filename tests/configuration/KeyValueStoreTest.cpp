@@ -121,7 +121,7 @@ TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
 // A file that is not a store is told once, by name, left untouched, and an empty store in
 // memory serves the run.
 TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
-    std::string validDb, otherTables;
+    std::string validDb, otherTables, otherShape;
     {
         TempDir dir;
         {
@@ -134,12 +134,18 @@ TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
         ASSERT_GT(validDb.size(), 8192u);
         RawQuery(dir.Path() + "other.db", "CREATE TABLE keys (a)");
         otherTables = FileBytes(dir.Path() + "other.db");
+        RawQuery(dir.Path() + "shape.db",
+                 "CREATE TABLE keys (id INTEGER PRIMARY KEY, root INTEGER, path TEXT)");
+        RawQuery(dir.Path() + "shape.db",
+                 "CREATE TABLE \"values\" (key_id INTEGER, name TEXT, data BLOB)");
+        otherShape = FileBytes(dir.Path() + "shape.db");
     }
     const std::pair<const char*, std::string> cases[] = {
         {"garbage", std::string(5000, '\x5a')},
         {"truncated", validDb.substr(0, validDb.size() / 2)},
         {"header only", validDb.substr(0, 100)},
         {"a database of other tables", otherTables},
+        {"the two tables of another shape", otherShape},
     };
     for (const auto& [name, bytes] : cases) {
         SCOPED_TRACE(name);
@@ -160,6 +166,52 @@ TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
         EXPECT_TRUE(store.TakeNotices().empty());
         EXPECT_TRUE(FileBytes(file) == bytes);
     }
+}
+
+// An administrator's ANALYZE (sqlite_stat1), an extra table or an extra index does not make a
+// sound store damaged, and the program leaves them alone.
+TEST(KeyValueStore, ExtraTablesAndIndexesOfASoundStoreAreLeftAlone) {
+    TempDir dir;
+    const std::string file = dir.Path() + "store.db";
+    {
+        KeyValueStore store(file);
+        ASSERT_EQ(Set(store, kConfig, "LogFilePath", "/var/log/"), StoreStatus::Ok);
+    }
+    RawQuery(file, "CREATE TABLE notes (t TEXT)");
+    RawQuery(file, "INSERT INTO notes VALUES ('kept')");
+    RawQuery(file, "CREATE INDEX by_name ON \"values\" (name)");
+    RawQuery(file, "ANALYZE");
+    ASSERT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='sqlite_stat1'"), "1");
+
+    KeyValueStore store(file);
+    EXPECT_EQ(ReadText(store, kConfig, "LogFilePath"), "/var/log/");
+    EXPECT_EQ(Set(store, kConfig, "LogFileName", "x.Log"), StoreStatus::Ok);
+    EXPECT_FALSE(store.InMemory());
+    EXPECT_TRUE(store.TakeNotices().empty());
+    EXPECT_EQ(RawQuery(file, "SELECT t FROM notes"), "kept");
+    EXPECT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='by_name'"), "1");
+}
+
+// A store in the rollback journal (made or switched back by another tool) is read as it is,
+// byte for byte, and switched to WAL at its first write.
+TEST(KeyValueStore, ARollbackJournalStoreIsSwitchedToWalAtItsFirstWrite) {
+    TempDir dir;
+    const std::string file = dir.Path() + "store.db";
+    {
+        KeyValueStore store(file);
+        ASSERT_EQ(Set(store, kConfig, "A", "1"), StoreStatus::Ok);
+    }
+    RawQuery(file, "PRAGMA journal_mode=DELETE");
+    ASSERT_EQ(RawQuery(file, "PRAGMA journal_mode"), "delete");
+    const std::string before = FileBytes(file);
+
+    KeyValueStore store(file);
+    EXPECT_EQ(ReadText(store, kConfig, "A"), "1");
+    EXPECT_EQ(FileBytes(file), before);
+    EXPECT_EQ(Set(store, kConfig, "B", "2"), StoreStatus::Ok);
+    EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
+    EXPECT_EQ(ReadText(store, kConfig, "B"), "2");
+    EXPECT_TRUE(store.TakeNotices().empty());
 }
 
 TEST(KeyValueStore, ALockedStoreFailsWithinTheBusyTimeoutAndIsToldOnce) {

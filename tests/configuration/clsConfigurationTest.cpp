@@ -245,8 +245,9 @@ TEST_F(Configuration, TheSingleSavesStampNoVersionAndTheDeletesRemoveBothKeys) {
     temp.store().DeleteKey(HKEY_LOCAL_MACHINE, kKey);
     std::tie(m.LogFileName, m.LogFilePath, m.DataFileName, m.DataFilePath) =
         std::tuple("day.log", "/logs/", "a.run", "/runs/");
-    for (auto* save : {&ConfigurationLogFileNameSave, &ConfigurationLogFilePathSave,
-                       &ConfigurationDataFileNameSave, &ConfigurationDataFilePathSave})
+    EXPECT_TRUE(ConfigurationLogFileNameSave(s));
+    for (auto* save : {&ConfigurationLogFilePathSave, &ConfigurationDataFileNameSave,
+                       &ConfigurationDataFilePathSave})
         save(s);
     ConfigurationFlagLoggingSave(s, True);
     // Through the interface that other subsystems hold, from the shared state.

@@ -46,7 +46,13 @@ TEST_F(RegApi, ReadsTellMissingKeysAndValuesBySentinelOrBox) {
         const char* sentinelResult;
         std::vector<std::string> sentinelBoxes, messageBoxes;  // a box there: the result is ""
     };
+    // Texts are UTF-8; one stored as Latin-1 bytes (by an earlier version) reads as Latin-1.
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "DataFilePath",
+                  "/home/ann/\xD0\x9D\xD0\xB0\xE2\x82\xAC/");
+    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFilePath", "/home/ann/Caf\xE9/");
     const Case cases[] = {
+        {kKey, "DataFilePath", "/home/ann/\xD0\x9D\xD0\xB0\xE2\x82\xAC/", {}, {}},
+        {kKey, "LogFilePath", "/home/ann/Caf\xC3\xA9/", {}, {}},
         {"SOFTWARE\\Vantrellion\\Nothing", "A", "REGKEYNOTFOUND", {}, {"Could not open key"}},
         {kKey, "Missing", "VALUENAMENOTFOUND", {}, {kNoValue + "Missing"}},
         {kKey, "LogFileName", "day.log", {}, {}},

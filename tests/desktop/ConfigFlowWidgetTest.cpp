@@ -227,12 +227,14 @@ class LogDirectoryChooser : public ::testing::Test {
     TempStore temp{t.s};
     TempDir logs;
     void SetUp() override {
-        QDir(QString::fromStdString(logs.Path())).mkpath("daily");
+        QDir(QString::fromStdString(logs.Path())).mkpath(QString::fromStdString(kDaily));
         t.mod().LogFilePath = logs.Path();
         t.mod().Board[0].LogBoard = t.mod().Board[0].ResetOnExit = 1;
         ConfigurationSaveToReg(t.s);
     }
-    std::string Daily() const { return logs.Path() + "daily"; }
+    // A directory named beyond Latin-1: the path comes back exactly as the system names it.
+    const std::string kDaily = "\xD0\xB6\xD1\x83\xD1\x80\xD0\xBD\xD0\xB0\xD0\xBB \xE2\x82\xAC";
+    std::string Daily() const { return logs.Path() + kDaily; }
 };
 
 // Browse opens the chooser on the log directory, or the nearest one still there; Cancel changes

@@ -5,11 +5,15 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QTest>
 #include <memory>
 
 #include "configuration/KeyValueStore.h"
 #include "configuration/clsConfiguration.h"
+#include "configuration/modRegAPI.h"
 #include "desktop/VantrellionApp.h"
 #include "logging/LogFileName.h"
 #include "runfile/CrashRestart.h"
@@ -177,14 +181,57 @@ TEST_F(ProgramTest, OpenOfAnOldVersionThenSaveWritesTheCurrentVersion) {
     EXPECT_NE(TodaysLog().find("Save"), std::string::npos);
 }
 
-TEST_F(ProgramTest, OpenCancelledLeavesTheTimerStopped) {
+// A name typed in any script and a directory named in UTF-8: Save As writes there, the
+// title, the log and the store name the path exactly, and Open brings the name back whole.
+TEST_F(ProgramTest, NamesAndPathsOutsideLatin1AreKeptWhole) {
+    PrepareStore();
+    const QString folder =
+        QString::fromUtf8("\xD0\x9D\xD0\xB0\xD1\x81\xD0\xBE\xD1\x81 \xE2\x82\xAC");
+    const std::string path = dir.Path() + folder.toStdString() + "/";
+    ASSERT_TRUE(QDir().mkpath(QString::fromStdString(path)));
+    ASSERT_TRUE(Start());
+    ModalAnswerer answers;
+    QApplication::setActiveWindow(&Window());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    QLineEdit* name = Window().txtDisplayName[1];
+    name->setFocus(Qt::OtherFocusReason);
+    name->selectAll();
+    // One key press per character, as a keyboard layout of that script sends them.
+    for (const QChar c : folder) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(name, &press);
+    }
+    EXPECT_EQ(name->text(), folder);
+    QTest::keyClick(name, Qt::Key_Return);
+    QCoreApplication::processEvents();  // the Tab that Enter sends, which validates the name
+    EXPECT_EQ(Sys().frmRelay.Relay[1].DisplayName, folder.toStdString());
+
+    answers.File(QString::fromStdString(path + "s.run"));
+    Trigger("mnuFileSaveAs");
+    EXPECT_TRUE(answers.boxes.empty());
+    EXPECT_EQ(Title(), path + "s.run");
+    EXPECT_NE(TempDir::ReadFile(path + "s.run").find(folder.toStdString() + "\r\n"),
+              std::string::npos);
+    EXPECT_NE(TodaysLog().find("Save " + path + "/s.run\r\n"), std::string::npos);
+    EXPECT_EQ(RegReadWithSentinels(Sys(), HKEY_LOCAL_MACHINE, "SOFTWARE\\Vantrellion\\Config",
+                                   "DataFilePath"),
+              path);
+
+    answers.File(QString::fromStdString(path + "s.run"));
+    Trigger("mnuFileNew");
+    Trigger("mnuFileOpen");
+    EXPECT_TRUE(answers.Done());
+    EXPECT_EQ(Window().txtDisplayName[1]->text(), folder);
+}
+
+TEST_F(ProgramTest, OpenCancelledKeepsTheTimerRunning) {
     PrepareStore();
     ASSERT_TRUE(Start());
     ModalAnswerer answers;
     answers.File(std::nullopt);
     Trigger("mnuFileOpen");
     EXPECT_TRUE(answers.Done());
-    EXPECT_FALSE(app->Timer().IsEnabled());
+    EXPECT_TRUE(app->Timer().IsEnabled());
     EXPECT_EQ(Title(), "New");
 }
 

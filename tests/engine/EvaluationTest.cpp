@@ -324,6 +324,12 @@ TEST_F(EvaluationTest, CyclicWaitsWhileTheTickIsNotPastTheMark) {
     EXPECT_EQ(Active(0, 0), False);
     EXPECT_EQ(t.relay(0).CycleStart, 0);
     EXPECT_TRUE(t.display.invertCaption.empty());
+    // Not read back yet (the first tick after a reset or restart): the half-cycle counts as
+    // off, and the evaluation never hands on the 9.
+    t.relay(0).OldState = 9;
+    EXPECT_EQ(EvaluateAt("08:30:00"), 0);
+    EXPECT_EQ(t.relay(0).NewState, 0);
+    EXPECT_EQ(Active(0, 0), False);
 
     // Once the tick is positive the method restarts with an off half-cycle.
     t.clock.tick = 1;

@@ -46,8 +46,8 @@ TEST_F(EventLog, APieceOfOneDaysLog) {
 }
 
 // The timer is held off around the write and resumed as allowed, also when the line is lost:
-// a full disk, a missing directory, or a pipe that nobody reads, which must not hold the
-// program up. Nothing is shown.
+// a full disk, or a pipe that nobody reads, which must not hold the program up. A missing
+// directory is made. Nothing is shown.
 TEST_F(EventLog, HoldsTheTimerOffAndLosesALineThatCannotBeWritten) {
     ASSERT_EQ(::mkdir(dir.File("full").c_str(), 0700), 0);
     ASSERT_EQ(::symlink("/dev/full", dir.File(std::string("full/") + kToday).c_str()), 0);
@@ -66,6 +66,29 @@ TEST_F(EventLog, HoldsTheTimerOffAndLosesALineThatCannotBeWritten) {
     }
     EXPECT_TRUE(ts.messages.shown.empty());
     EXPECT_EQ(dir.Read(kToday), "09:15:02 11/14/2026 Save \r\n09:15:02 11/14/2026 Save \r\n");
+    EXPECT_EQ(dir.Read(std::string("missing/") + kToday),
+              "09:15:02 11/14/2026 Save missing/\r\n09:15:02 11/14/2026 Save missing/\r\n");
+}
+
+// The day's log stays Latin-1 while every character fits; a line that Latin-1 cannot hold
+// turns the whole file to UTF-8, so that it reads in one encoding. Nothing is replaced.
+TEST_F(EventLog, TheLogIsLatin1UntilALineNeedsUtf8) {
+    const std::string cafe = "/home/ann/Caf\xC3\xA9/a.run";                    // fits Latin-1
+    const std::string pump = "/home/ann/\xD0\x9D\xD0\xB0 \xE2\x82\xAC/b.run";  // does not
+    WriteEventLog(s, "Open", cafe);
+    EXPECT_EQ(dir.Read(kToday), "09:15:02 11/14/2026 Open /home/ann/Caf\xE9/a.run\r\n");
+    WriteEventLog(s, "Save", pump);
+    WriteEventLog(s, "Save", cafe);
+    EXPECT_EQ(dir.Read(kToday), "09:15:02 11/14/2026 Open " + cafe + "\r\n" +
+                                    "09:15:02 11/14/2026 Save " + pump + "\r\n" +
+                                    "09:15:02 11/14/2026 Save " + cafe + "\r\n");
+    // A new day's file that starts with such a line is UTF-8 from the start.
+    ts.clock.now.Day = 15;
+    WriteEventLog(s, "Save", pump);
+    WriteEventLog(s, "Open", cafe);
+    EXPECT_EQ(
+        dir.Read("Vantrellion_2026_11_15.Log"),
+        "09:15:02 11/15/2026 Save " + pump + "\r\n" + "09:15:02 11/15/2026 Open " + cafe + "\r\n");
 }
 
 TEST_F(EventLog, LoggingOffLeavesNoTraceAndTheTimerAlone) {

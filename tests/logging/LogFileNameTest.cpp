@@ -29,13 +29,19 @@ class TextDateClock : public test::FakeClock {
 class CountingStore : public ConfigurationStore {
   public:
     explicit CountingStore(System& s) : s(s) {}
-    void ConfigurationLogFileNameSave() override { saved.push_back(s.modRelay.LogFileName); }
+    bool ConfigurationLogFileNameSave(bool quiet) override {
+        saved.push_back(s.modRelay.LogFileName + (quiet ? " (quiet)" : ""));
+        if (refusals == 0) return true;
+        --refusals;
+        return false;
+    }
     void ConfigurationDataFileNameSave() override {}
     void ConfigurationDataFilePathSave() override {}
     void ConfigurationFlagLoggingSave() override {}
     void ConfigurationFlagRunNoBoardsSave() override {}
     System& s;
     std::vector<std::string> saved;
+    int refusals = 0;  // the next saves that the store does not take
 };
 
 TEST(LogFileName, StoresAChangedNameOnceAndJoinsThePathAsItStands) {
@@ -55,6 +61,24 @@ TEST(LogFileName, StoresAChangedNameOnceAndJoinsThePathAsItStands) {
     EXPECT_EQ(MakeLogFileName(ts.s), "/var/log/farmVantrellion_2026_11_15.Log");
     EXPECT_EQ(store.saved, (std::vector<std::string>{"Vantrellion_2026_11_14.Log",
                                                      "Vantrellion_2026_11_15.Log"}));
+}
+
+// A name that the store did not take (held by another program) is stored again at each next
+// line, quietly, until it is taken; then no more.
+TEST(LogFileName, ANameTheStoreDidNotTakeIsStoredAgainAtTheNextLine) {
+    test::TestSystem ts;
+    TextDateClock clock;
+    CountingStore store(ts.s);
+    ts.s.platform.clock = &clock;
+    ts.s.platform.configuration = &store;
+    ts.s.modRelay.LogFilePath = "/var/log/farm/";
+    store.refusals = 2;
+    for (int line = 0; line < 5; ++line)
+        MakeLogFileName(ts.s);
+    EXPECT_EQ(store.saved, (std::vector<std::string>{"Vantrellion_2026_11_14.Log",
+                                                     "Vantrellion_2026_11_14.Log (quiet)",
+                                                     "Vantrellion_2026_11_14.Log (quiet)"}));
+    EXPECT_FALSE(ts.s.modRelay.LogFileNameUnsaved);
 }
 
 }  // namespace

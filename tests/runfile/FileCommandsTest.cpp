@@ -55,7 +55,7 @@ TEST_F(FileCommandsTest, NewWithCancelStillClearsTheSchedule) {
     EXPECT_TRUE(t.timer.enabled);
 }
 
-TEST_F(FileCommandsTest, OpenCancelledLeavesScheduleAndStopsTheTick) {
+TEST_F(FileCommandsTest, OpenCancelledLeavesScheduleAndResumesTheTick) {
     t.SetPair(0, 0, "08:00", "09:00");
     t.dialogs.answers = {std::nullopt};
     mnuFileOpen(t.s);
@@ -65,7 +65,7 @@ TEST_F(FileCommandsTest, OpenCancelledLeavesScheduleAndStopsTheTick) {
     EXPECT_EQ(d.Filter, "Run File (*.run)|*.run");
     EXPECT_EQ(d.Flags, 0x81000);
     EXPECT_EQ(t.frm().StartTime[0], "08:00");
-    EXPECT_FALSE(t.timer.enabled);
+    EXPECT_TRUE(t.timer.enabled);
 }
 
 TEST_F(FileCommandsTest, OpenOfOldVersionThenSaveWritesCurrentVersion) {

@@ -3,7 +3,10 @@
 
 #include <csignal>
 #include <cstring>
+#include <filesystem>
+#include <set>
 
+#include "core/TextEncoding.h"
 #include "runfile/RunFileLoad.h"
 #include "runfile/RunFileSave.h"
 #include "runfile/RunFileTestSupport.h"
@@ -14,6 +17,14 @@ namespace {
 
 using test::RunFileTest;
 using test::SplitCrLf;
+
+// The names in the directory, hidden ones included.
+std::set<std::string> DirectoryEntries(const test::TempDir& dir) {
+    std::set<std::string> names;
+    for (const auto& e : std::filesystem::directory_iterator(dir.Path()))
+        names.insert(e.path().filename().string());
+    return names;
+}
 
 // Relay 0 as in the worked example of the format: logging on, relay 0 named Pump, Monday,
 // Wednesday and Friday from 08:00 to 15:00, counting, 12 so far, no even/odd code and no
@@ -37,7 +48,7 @@ TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     const char* codes[] = {"", "EH", "TH", "3H", "15", "WE", "", "BH"};
     for (int i = 1; i <= LastRelay; ++i) {
         RelayRecord& r = f.Relay[i];
-        r.DisplayName = "Ventil S\xFC" + std::string("d ") + std::to_string(i);
+        r.DisplayName = "Ventil S\xC3\xBC" + std::string("d ") + std::to_string(i);
         r.DaysOfWeek = i % 2 ? "All Days" : "1357";
         r.DayHrEvenOdd = codes[i];
         r.Manual = ToFlag(i % 2);
@@ -61,6 +72,7 @@ TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     EXPECT_FALSE(ts.timer.enabled);  // as CheckTimeAllowed says
     EXPECT_GE(ts.timer.changes, 1);
 
+    // Every character fits Latin-1: the file is in Latin-1, byte for byte as ever.
     const std::string bytes = dir.Read("pump.run");
     const std::string example =
         "FV.2001.05.01|.b0.r7.t5\r\n 1 \r\nPump\r\n246\r\n\r\n 0 \r\n 0 \r\n 1 \r\n 12 \r\n 0 \r\n"
@@ -83,6 +95,72 @@ TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "pump.run", true), RunFileLoaded);
     test::ExpectSameSchedule(s, other.s);
     EXPECT_TRUE(other.messages.shown.empty());
+}
+
+// A text that Latin-1 cannot hold turns the whole file to UTF-8; both forms load back whole,
+// and a name with a comma or a double quote is quoted so that nothing after it shifts.
+TEST_F(RunFileTest, NamesOfAnyCharactersAndPunctuationLoadBackWhole) {
+    struct Case {
+        const char* name;  // relay 0's name, in memory
+        const char* line;  // its line in the file
+        bool utf8File;
+    } cases[] = {
+        {"Pump", "Pump", false},
+        {"Ventil S\xC3\xBC"
+         "d",
+         "Ventil S\xFC"
+         "d",
+         false},
+        {"\xD0\x9D\xD0\xB0\xD1\x81\xD0\xBE\xD1\x81 \xE2\x82\xAC",  // "Насос €"
+         "\xD0\x9D\xD0\xB0\xD1\x81\xD0\xBE\xD1\x81 \xE2\x82\xAC", true},
+        {"Pump, north", "\"Pump, north\"", false},
+        {"12\" pipe", "\"12\"\" pipe\"", false},
+        {"\"Big\" pump", "\"\"\"Big\"\" pump\"", false},
+        {",", "\",\"", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        SetUpPump(s);
+        f.Relay[0].DisplayName = c.name;
+        f.Relay[1].DisplayName = "Relay 2";
+        ASSERT_TRUE(SaveRunFile(s, dir.Path(), "names.run"));
+        const auto lines = SplitCrLf(dir.Read("names.run"));
+        ASSERT_EQ(lines.size(), 170u);
+        EXPECT_EQ(lines[2], c.line);
+        EXPECT_EQ(lines[3], "246");
+        EXPECT_EQ(lines[23], "Relay 2");
+
+        test::TestSystem other;
+        ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "names.run", true), RunFileLoaded);
+        test::ExpectSameSchedule(s, other.s);
+        EXPECT_EQ(DetectTextFileEncoding(dir.Read("names.run")) == TextFileEncoding::Utf8,
+                  c.utf8File);
+    }
+}
+
+// A file is read as UTF-8 only when its bytes are valid UTF-8 with a multi-byte sequence;
+// anything else is Latin-1, byte by byte. Nothing is replaced by a stand-in character.
+TEST_F(RunFileTest, TheLoaderTellsUtf8FromLatin1ByTheBytes) {
+    const struct {
+        const char* name;
+        std::string bytesOnDisk, inMemory;
+    } cases[] = {
+        {"latin-1", "Caf\xE9", "Caf\xC3\xA9"},
+        {"utf-8", "Caf\xC3\xA9", "Caf\xC3\xA9"},
+        {"utf-8 look-alike that is not valid", "Caf\xC3\xA9 \xFF", "Caf\xC3\x83\xC2\xA9 \xC3\xBF"},
+        {"ascii", "Cafe", "Cafe"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        SetUpPump(s);
+        ASSERT_TRUE(SaveRunFile(s, dir.Path(), "base.run"));
+        auto lines = SplitCrLf(dir.Read("base.run"));
+        lines[2] = c.bytesOnDisk;
+        dir.Write("enc.run", test::JoinCrLf(lines));
+        test::TestSystem other;
+        ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "enc.run", true), RunFileLoaded);
+        EXPECT_EQ(other.s.frmRelay.Relay[0].DisplayName, c.inMemory);
+    }
 }
 
 // Message boxes that note whether the timer was running while they were up.
@@ -145,6 +223,7 @@ TEST_F(RunFileTest, AWriteErrorIsWordedByWhereItHappens) {
                  {firstTimeLine, "Error Writing Time Array"},
                  {relay4Name + 2, "Error Writing Time Array"}};
     for (const auto& c : cases) {
+        dir.Write("cut.run", "FV20000424\r\n");
         const int code = test::RunInChild([&] {
             test::TestSystem t;
             SetUpPump(t.s);
@@ -157,9 +236,50 @@ TEST_F(RunFileTest, AWriteErrorIsWordedByWhereItHappens) {
             return t.messages.shown[0].Prompt == std::strerror(EFBIG) ? 0 : 14;
         });
         EXPECT_EQ(code, 0) << "limit " << c.limit;
-        // What got out stays behind: a partial file, nothing written elsewhere first.
-        EXPECT_EQ(dir.Read("cut.run"), full.substr(0, c.limit));
+        // The file keeps what it held, and the part that got out is not left behind.
+        EXPECT_EQ(dir.Read("cut.run"), "FV20000424\r\n");
+        EXPECT_EQ(DirectoryEntries(dir), (std::set<std::string>{"cut.run", "full.run"}));
     }
+}
+
+// A kill at any moment of a save leaves the old file whole: the process is ended by the
+// file size limit in the middle of writing, at several points of the file.
+TEST_F(RunFileTest, AKillDuringASaveLeavesThePreviousSchedule) {
+    SetUpPump(s);
+    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "VantrellionRestart.run"));
+    const std::string before = dir.Read("VantrellionRestart.run");
+    for (size_t limit : {size_t{0}, size_t{1}, before.size() / 2, before.size() - 1}) {
+        const int code = test::RunInChild([&] {
+            test::TestSystem t;
+            SetUpPump(t.s);
+            t.s.frmRelay.StartTime[0] = "07:00";
+            std::signal(SIGXFSZ, SIG_DFL);  // the limit kills the process
+            const rlimit lim{limit, limit};
+            if (setrlimit(RLIMIT_FSIZE, &lim) != 0) return 10;
+            SaveRunFile(t.s, dir.Path(), "VantrellionRestart.run");
+            return 11;
+        });
+        EXPECT_EQ(code, 128 + SIGXFSZ) << "limit " << limit;
+        EXPECT_EQ(dir.Read("VantrellionRestart.run"), before) << "limit " << limit;
+    }
+}
+
+// The save goes through a symbolic link to its target, and the file keeps its mode.
+TEST_F(RunFileTest, ASaveKeepsTheLinkAndTheModeOfTheFile) {
+    ASSERT_EQ(::mkdir(dir.File("real").c_str(), 0755), 0);
+    dir.Write("real/target.run", "old");
+    ASSERT_EQ(::chmod(dir.File("real/target.run").c_str(), 0640), 0);
+    ASSERT_EQ(::symlink("real/target.run", dir.File("link.run").c_str()), 0);
+    SetUpPump(s);
+    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "link.run"));
+
+    struct stat st {};
+    ASSERT_EQ(::lstat(dir.File("link.run").c_str(), &st), 0);
+    EXPECT_TRUE(S_ISLNK(st.st_mode));
+    EXPECT_EQ(dir.Read("real/target.run").substr(0, 25), "FV.2001.05.01|.b0.r7.t5\r\n");
+    ASSERT_EQ(::stat(dir.File("real/target.run").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 07777, 0640u);
+    EXPECT_EQ(DirectoryEntries(dir), (std::set<std::string>{"link.run", "real"}));
 }
 
 TEST_F(RunFileTest, AReadOnlyFileOrDirectoryRefusesTheSaveAndKeepsItsContents) {
