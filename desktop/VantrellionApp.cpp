@@ -8,16 +8,17 @@
 
 #include "boardio/LibraryPorts.h"
 #include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/screens/ConfigurationCommands.h"
 #include "configuration/clsWin32Version.h"
+#include "configuration/screens/ConfigurationCommands.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
-#include "mainscreen/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
+#include "desktop/SchedulePreviewMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "engine/Tick.h"
+#include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "runfile/FileCommands.h"
 
@@ -133,6 +134,7 @@ void VantrellionApp::WireMenus() {
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
+    WireSchedulePreviewMenu(s_, w);
     w.OnMenu("mnuHelpSplash", [](int) {
         auto* splash = new frmSplash();
         splash->setAttribute(Qt::WA_DeleteOnClose);
