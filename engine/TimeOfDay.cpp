@@ -39,8 +39,9 @@ constexpr int NotATime = -1;
 // fields keep a text exactly as typed, and a leading blank is easy to type. Without am/pm the
 // hour runs 0 to 23; with am/pm it runs 0 to 12, where 12 am is midnight and 12 pm noon.
 //
-// The result is seconds since midnight, or NotATime. A plain int rather than an optional: this runs for every
-// set pair at every tick, and the optional's return through memory cost more than the parsing.
+// The result is seconds since midnight, or NotATime. A plain int rather than an optional: this runs
+// for every set pair at every tick, and the optional's return through memory cost more than the
+// parsing.
 int ReadTimeOfDay(const std::string& text) {
     // The forms the entry check writes, "H:MM", "HH:MM", "H:MM:SS" and "HH:MM:SS", read
     // directly: the engine reads every set pair's texts at every tick, and this keeps that
