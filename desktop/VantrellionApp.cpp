@@ -18,6 +18,7 @@
 #include "desktop/HelpAndLogMenus.h"
 #include "desktop/RowEvents.h"
 #include "desktop/RunOnBootMenu.h"
+#include "desktop/SchedulePreviewMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
@@ -157,6 +158,7 @@ void VantrellionApp::WireMenus() {
     WireRunOnBootMenu(w, s_);
     WireStateToolMenus(w, s_);
     WireHelpAndLogMenus(s_, w);
+    WireSchedulePreviewMenu(s_, w);
 }
 
 void VantrellionApp::UnloadAllForms() {

@@ -259,6 +259,8 @@ void frmRelay::BuildMenus() {
     AddItem(boot, "mnuToolRunOnBootOnce", "Next Time");
     AddItem(boot, "mnuToolRunOnBootAlways", "Always");
     AddItem(boot, "mnuToolRunOnBootNever", "Never");
+    tool->addSeparator();
+    AddItem(tool, "mnuToolSchedulePreview", "Schedule Preview...");
 
     // The developer menu is built only in a development build, hidden until the menus are
     // refreshed; a delivered program has none at all.

@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlite3-dev libgtest-dev libgmock-dev
-          libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils)
+          libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils qt6-svg-dev)
 
 missing=()
 for p in "${packages[@]}"; do
