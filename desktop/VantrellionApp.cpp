@@ -16,6 +16,7 @@
 #include "mainscreen/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
+#include "desktop/RunTimeHistoryMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "engine/Tick.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
@@ -138,6 +139,7 @@ void VantrellionApp::WireMenus() {
         splash->setAttribute(Qt::WA_DeleteOnClose);
         splash->exec();
     });
+    AddRunTimeHistoryMenu(w, s_);
 }
 
 void VantrellionApp::UnloadAllForms() {

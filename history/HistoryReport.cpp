@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 
 namespace vantrellion {
 
@@ -121,6 +122,13 @@ std::string HistoryCsv(const RunTimeHistory& h, const HistoryLabels& labels) {
                std::to_string(d.Restarts) + "," + (d.FileFound ? "yes" : "no") + "\r\n";
     }
     return out;
+}
+
+bool WriteHistoryFile(const std::string& path, const std::string& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    return !out.fail();
 }
 
 Timeline HistoryTimeline(const RunTimeHistory& h, const HistoryLabels& labels, TimeSpan span) {

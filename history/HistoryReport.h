@@ -41,6 +41,9 @@ std::string HistoryTableText(const RunTimeHistory& h, const HistoryLabels& label
 // the day's log file was there. Rows end in CR LF; names are quoted where they need it.
 std::string HistoryCsv(const RunTimeHistory& h, const HistoryLabels& labels);
 
+// Writes bytes to path, replacing the file. False when it cannot be written whole.
+bool WriteHistoryFile(const std::string& path, const std::string& bytes);
+
 // The relays over one span (a day, for the day view): one lane per relay with its on spans,
 // and the gaps of the log, all clipped to the span.
 Timeline HistoryTimeline(const RunTimeHistory& h, const HistoryLabels& labels, TimeSpan span);

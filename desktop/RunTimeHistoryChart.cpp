@@ -1,0 +1,98 @@
+#include "desktop/RunTimeHistoryChart.h"
+
+#include <QBarCategoryAxis>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QChartView>
+#include <QPainter>
+#include <QValueAxis>
+
+#include "desktop/QtConvert.h"
+
+namespace vantrellion {
+
+namespace {
+
+double Hours(LocalSeconds s) {
+    return static_cast<double>(s) / 3600.0;
+}
+
+QString DayLabel(LocalSeconds day) {
+    return QString::fromStdString(IsoDate(day).substr(5));
+}
+
+}  // namespace
+
+QChart* MakeHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels) {
+    auto* chart = new QChart();
+    chart->setObjectName("chtRunTimeHistory");
+    chart->setTitle(QString("On-hours per day, %1 to %2")
+                        .arg(QString::fromStdString(IsoDate(h.Range.From)),
+                             QString::fromStdString(
+                                 IsoDate(h.Days.empty() ? h.Range.From : h.Days.back().Start))));
+    auto* series = new QBarSeries(chart);
+    series->setObjectName("serOnHours");
+    const int relays = ShownRelays(h);
+    for (int n = 0; n < relays; ++n) {
+        auto* set = new QBarSet(Q(labels.RelayNames[n]));
+        set->setObjectName(QString("setRelay%1").arg(n + 1));
+        set->setColor(ToQColor(labels.GroupColors[n]));
+        // Group colours are pale (one is white by default): an outline keeps a bar visible.
+        set->setBorderColor(QColor(60, 60, 60));
+        for (const HistoryDay& d : h.Days)
+            set->append(Hours(d.RelayOnSeconds[n]));
+        series->append(set);
+    }
+    auto* gap = new QBarSet("Not logged");
+    gap->setObjectName("setNotLogged");
+    gap->setBrush(QBrush(QColor(150, 150, 150), Qt::BDiagPattern));
+    gap->setBorderColor(QColor(110, 110, 110));
+    for (const HistoryDay& d : h.Days)
+        gap->append(Hours(d.GapSeconds));
+    series->append(gap);
+    chart->addSeries(series);
+
+    auto* days = new QBarCategoryAxis(chart);
+    for (const HistoryDay& d : h.Days)
+        days->append(DayLabel(d.Start) + (d.FileFound ? "" : " no log"));
+    if (h.Days.size() > 16) days->setLabelsAngle(-90);
+    chart->addAxis(days, Qt::AlignBottom);
+    series->attachAxis(days);
+    auto* hours = new QValueAxis(chart);
+    hours->setRange(0, 24);
+    hours->setTickCount(7);
+    hours->setLabelFormat("%d");
+    hours->setTitleText("Hours");
+    chart->addAxis(hours, Qt::AlignLeft);
+    series->attachAxis(hours);
+    chart->legend()->setAlignment(Qt::AlignBottom);
+    return chart;
+}
+
+QString HistoryBarText(const RunTimeHistory& h, const HistoryLabels& labels, int set, int day) {
+    if (day < 0 || static_cast<size_t>(day) >= h.Days.size()) return {};
+    const HistoryDay& d = h.Days[static_cast<size_t>(day)];
+    const bool gap = set >= ShownRelays(h);
+    const QString name = gap ? QString("Not logged") : Q(labels.RelayNames[set]);
+    const LocalSeconds s = gap ? d.GapSeconds : d.RelayOnSeconds[set];
+    return QString("%1, %2: %3 h")
+        .arg(name, QString::fromStdString(IsoDate(d.Start)), QString::fromStdString(HoursText(s)));
+}
+
+QImage RenderHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels, QSize size) {
+    QChartView view(MakeHistoryChart(h, labels));
+    view.setRenderHint(QPainter::Antialiasing);
+    view.resize(size);
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    QPainter p(&image);
+    view.render(&p);
+    return image;
+}
+
+bool WriteHistoryChartPng(const RunTimeHistory& h, const HistoryLabels& labels, const QString& path,
+                          QSize size) {
+    return RenderHistoryChart(h, labels, size).save(path, "PNG");
+}
+
+}  // namespace vantrellion

@@ -1,0 +1,13 @@
+// The Tool menu's entry for the run-time history window.
+#pragma once
+
+#include "core/SharedState.h"
+#include "desktop/frmRelay.h"
+
+namespace vantrellion {
+
+// Adds a separator and "Run-time History..." (mnuToolRunTimeHistory) at the end of the Tool
+// menu; the entry opens frmRunTimeHistory, or brings the open one to the front.
+void AddRunTimeHistoryMenu(frmRelay& w, System& s);
+
+}  // namespace vantrellion
