@@ -3,7 +3,8 @@
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
-#include <QChartView>
+#include <QGraphicsLayout>
+#include <QGraphicsScene>
 #include <QPainter>
 #include <QValueAxis>
 
@@ -80,13 +81,18 @@ QString HistoryBarText(const RunTimeHistory& h, const HistoryLabels& labels, int
 }
 
 QImage RenderHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels, QSize size) {
-    QChartView view(MakeHistoryChart(h, labels));
-    view.setRenderHint(QPainter::Antialiasing);
-    view.resize(size);
+    // The chart is laid out in a scene of its own, without a view or a window, so that the
+    // picture does not depend on what is on the screen.
+    QGraphicsScene scene;
+    QChart* chart = MakeHistoryChart(h, labels);
+    scene.addItem(chart);
+    chart->setGeometry(QRectF(QPointF(0, 0), QSizeF(size)));
+    if (chart->layout()) chart->layout()->activate();
     QImage image(size, QImage::Format_ARGB32);
     image.fill(Qt::white);
     QPainter p(&image);
-    view.render(&p);
+    p.setRenderHint(QPainter::Antialiasing);
+    scene.render(&p, QRectF(QPointF(0, 0), QSizeF(size)), QRectF(QPointF(0, 0), QSizeF(size)));
     return image;
 }
 

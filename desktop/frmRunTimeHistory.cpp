@@ -4,6 +4,7 @@
 #include <QBarSet>
 #include <QCursor>
 #include <QHBoxLayout>
+#include <QSplitter>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -48,7 +49,7 @@ QPushButton* Button(QWidget* parent, const char* name, const char* caption) {
 frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(parent), s_(s) {
     setObjectName("frmRunTimeHistory");
     setWindowTitle("Run-time History");
-    resize(1000, 640);
+    resize(1000, 760);
 
     dtpFrom = DateEdit(this, "dtpFrom");
     dtpTo = DateEdit(this, "dtpTo");
@@ -64,6 +65,10 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     lblSummary = new QLabel(this);
     lblSummary->setObjectName("lblSummary");
     lblSummary->setWordWrap(true);
+    dtpDay = DateEdit(this, "dtpDay");
+    cmdExportDayPng = Button(this, "cmdExportDayPng", "Export Day PNG...");
+    tlDay = new TimelineWidget(this);
+    tlDay->setObjectName("tlDay");
 
     auto* top = new QHBoxLayout();
     top->addWidget(new QLabel("From", this));
@@ -74,9 +79,24 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     top->addStretch(1);
     top->addWidget(cmdExportPng);
     top->addWidget(cmdExportCsv);
+    auto* dayRow = new QHBoxLayout();
+    dayRow->addWidget(new QLabel("Day", this));
+    dayRow->addWidget(dtpDay);
+    dayRow->addStretch(1);
+    dayRow->addWidget(cmdExportDayPng);
+    auto* dayPanel = new QWidget(this);
+    auto* dayLayout = new QVBoxLayout(dayPanel);
+    dayLayout->setContentsMargins(0, 0, 0, 0);
+    dayLayout->addLayout(dayRow);
+    dayLayout->addWidget(tlDay, 1);
+    auto* split = new QSplitter(Qt::Vertical, this);
+    split->addWidget(chvHistory);
+    split->addWidget(dayPanel);
+    split->setStretchFactor(0, 3);
+    split->setStretchFactor(1, 2);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top);
-    layout->addWidget(chvHistory, 1);
+    layout->addWidget(split, 1);
     layout->addWidget(lblHover);
     layout->addWidget(lblSummary);
 
@@ -84,6 +104,7 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     const LocalSeconds today = DayStart(ToLocalSeconds(s_.clock().Now()));
     dtpTo->setDate(ToQDate(today));
     dtpFrom->setDate(ToQDate(today - 30 * SecondsPerDay));
+    dtpDay->setDate(ToQDate(today - SecondsPerDay));  // yesterday, the last whole day
 
     connect(cmdShow, &QPushButton::clicked, this,
             [this] { RunCommand(s_, [this] { cmdShow_Click(); }); });
@@ -91,7 +112,12 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
             [this] { RunCommand(s_, [this] { cmdExportPng_Click(); }); });
     connect(cmdExportCsv, &QPushButton::clicked, this,
             [this] { RunCommand(s_, [this] { cmdExportCsv_Click(); }); });
+    connect(cmdExportDayPng, &QPushButton::clicked, this,
+            [this] { RunCommand(s_, [this] { cmdExportDayPng_Click(); }); });
+    connect(dtpDay, &QDateEdit::dateChanged, this,
+            [this] { RunCommand(s_, [this] { dtpDay_Change(); }); });
     cmdShow_Click();
+    dtpDay_Change();
 }
 
 std::string frmRunTimeHistory::LogDirectory() const {
@@ -114,9 +140,14 @@ void frmRunTimeHistory::cmdShow_Click() {
         auto* bars = qobject_cast<QBarSeries*>(series);
         if (!bars) continue;
         const QList<QBarSet*> sets = bars->barSets();
-        for (int n = 0; n < sets.size(); ++n)
+        for (int n = 0; n < sets.size(); ++n) {
             connect(sets[n], &QBarSet::hovered, this,
                     [this, n](bool entered, int day) { ShowBarValue(entered, day, n); });
+            connect(sets[n], &QBarSet::clicked, this, [this](int day) {
+                if (day >= 0 && static_cast<size_t>(day) < history_.Days.size())
+                    dtpDay->setDate(ToQDate(history_.Days[static_cast<size_t>(day)].Start));
+            });
+        }
     }
     QChart* old = chvHistory->chart();
     chvHistory->setChart(chart);
@@ -139,6 +170,13 @@ void frmRunTimeHistory::cmdShow_Click() {
                             .arg(c.ForeignLines)
                             .arg(c.OutOfOrderLines));
     lblHover->clear();
+}
+
+void frmRunTimeHistory::dtpDay_Change() {
+    labels_ = HistoryLabelsFrom(s_.modRelay);
+    const LocalSeconds day = FromQDate(dtpDay->date());
+    dayHistory_ = ReadRunTimeHistory({LogDirectory(), day, day, ToLocalSeconds(s_.clock().Now())});
+    tlDay->SetTimeline(HistoryTimeline(dayHistory_, labels_, {day, day + SecondsPerDay}));
 }
 
 void frmRunTimeHistory::ShowBarValue(bool entered, int day, int set) {
@@ -174,6 +212,15 @@ void frmRunTimeHistory::cmdExportPng_Click() {
         return WriteHistoryChartPng(history_, labels_, Q(path),
                                     chvHistory->size().expandedTo({800, 480}));
     });
+}
+
+void frmRunTimeHistory::cmdExportDayPng_Click() {
+    const LocalSeconds day = FromQDate(dtpDay->date());
+    Save("Export Day", "PNG Picture (*.png)|*.png", "day_" + IsoDate(day) + ".png",
+         [this](const std::string& path) {
+             return WriteTimelinePng(tlDay->CurrentTimeline(), Q(path),
+                                     tlDay->size().expandedTo({900, 360}));
+         });
 }
 
 void frmRunTimeHistory::cmdExportCsv_Click() {

@@ -1,8 +1,9 @@
 // frmRunTimeHistory: what the relays did, read from the daily logs. A range of days, a bar
 // chart of the on-hours per relay and day (with the hours not logged), the value of the bar
 // under the mouse, a summary of what the reader met, and export of the chart as PNG and of the
-// figures as CSV. The window reads the logs when it opens and when Show is pressed; the tick
-// goes on meanwhile.
+// figures as CSV. Below, the day view: one lane per relay over one day, with the gaps shaded;
+// a click on a bar shows its day there. The window reads the logs when it opens, when Show is
+// pressed and when the day changes; the tick goes on meanwhile.
 #pragma once
 
 #include <QChartView>
@@ -14,6 +15,7 @@
 #include <string>
 
 #include "core/SharedState.h"
+#include "desktop/TimelinePainter.h"
 #include "history/HistoryReport.h"
 
 namespace vantrellion {
@@ -31,6 +33,9 @@ class frmRunTimeHistory : public QDialog {
     QChartView* chvHistory;
     QLabel* lblHover;
     QLabel* lblSummary;
+    QDateEdit* dtpDay;
+    QPushButton* cmdExportDayPng;
+    TimelineWidget* tlDay;
 
     const RunTimeHistory& History() const { return history_; }
     const HistoryLabels& Labels() const { return labels_; }
@@ -39,6 +44,9 @@ class frmRunTimeHistory : public QDialog {
     void cmdShow_Click();
     void cmdExportPng_Click();
     void cmdExportCsv_Click();
+    // Reads the log of the day in dtpDay into the day view.
+    void dtpDay_Change();
+    void cmdExportDayPng_Click();
 
   private:
     std::string LogDirectory() const;
@@ -49,6 +57,7 @@ class frmRunTimeHistory : public QDialog {
     System& s_;
     RunTimeHistory history_;
     HistoryLabels labels_;
+    RunTimeHistory dayHistory_;
 };
 
 }  // namespace vantrellion
