@@ -3,6 +3,7 @@
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
+#include <QCoreApplication>
 #include <QGraphicsLayout>
 #include <QGraphicsScene>
 #include <QPainter>
@@ -35,7 +36,9 @@ QChart* MakeHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels) {
     series->setObjectName("serOnHours");
     const int relays = ShownRelays(h);
     for (int n = 0; n < relays; ++n) {
+        if (h.RelayOn[n].empty()) continue;
         auto* set = new QBarSet(Q(labels.RelayNames[n]));
+        set->setProperty("lane", n);
         set->setObjectName(QString("setRelay%1").arg(n + 1));
         set->setColor(ToQColor(labels.GroupColors[n]));
         // Group colours are pale (one is white by default): an outline keeps a bar visible.
@@ -46,6 +49,7 @@ QChart* MakeHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels) {
     }
     auto* gap = new QBarSet("Not logged");
     gap->setObjectName("setNotLogged");
+    gap->setProperty("lane", NotLoggedLane);
     gap->setBrush(QBrush(QColor(150, 150, 150), Qt::BDiagPattern));
     gap->setBorderColor(QColor(110, 110, 110));
     for (const HistoryDay& d : h.Days)
@@ -70,12 +74,12 @@ QChart* MakeHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels) {
     return chart;
 }
 
-QString HistoryBarText(const RunTimeHistory& h, const HistoryLabels& labels, int set, int day) {
-    if (day < 0 || static_cast<size_t>(day) >= h.Days.size()) return {};
+QString HistoryBarText(const RunTimeHistory& h, const HistoryLabels& labels, int lane, int day) {
+    if (day < 0 || static_cast<size_t>(day) >= h.Days.size() || lane >= MaxLoggedLanes) return {};
     const HistoryDay& d = h.Days[static_cast<size_t>(day)];
-    const bool gap = set >= ShownRelays(h);
-    const QString name = gap ? QString("Not logged") : Q(labels.RelayNames[set]);
-    const LocalSeconds s = gap ? d.GapSeconds : d.RelayOnSeconds[set];
+    const bool gap = lane < 0;
+    const QString name = gap ? QString("Not logged") : Q(labels.RelayNames[lane]);
+    const LocalSeconds s = gap ? d.GapSeconds : d.RelayOnSeconds[lane];
     return QString("%1, %2: %3 h")
         .arg(name, QString::fromStdString(IsoDate(d.Start)), QString::fromStdString(HoursText(s)));
 }
@@ -87,6 +91,9 @@ QImage RenderHistoryChart(const RunTimeHistory& h, const HistoryLabels& labels, 
     QChart* chart = MakeHistoryChart(h, labels);
     scene.addItem(chart);
     chart->setGeometry(QRectF(QPointF(0, 0), QSizeF(size)));
+    // Only the chart's pending layout requests run here, no timers: the tick does not run
+    // inside an export.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     if (chart->layout()) chart->layout()->activate();
     QImage image(size, QImage::Format_ARGB32);
     image.fill(Qt::white);

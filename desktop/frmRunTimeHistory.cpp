@@ -141,8 +141,9 @@ void frmRunTimeHistory::cmdShow_Click() {
         if (!bars) continue;
         const QList<QBarSet*> sets = bars->barSets();
         for (int n = 0; n < sets.size(); ++n) {
+            const int lane = sets[n]->property("lane").toInt();
             connect(sets[n], &QBarSet::hovered, this,
-                    [this, n](bool entered, int day) { ShowBarValue(entered, day, n); });
+                    [this, lane](bool entered, int day) { ShowBarValue(entered, day, lane); });
             connect(sets[n], &QBarSet::clicked, this, [this](int day) {
                 if (day >= 0 && static_cast<size_t>(day) < history_.Days.size())
                     dtpDay->setDate(ToQDate(history_.Days[static_cast<size_t>(day)].Start));
@@ -179,12 +180,12 @@ void frmRunTimeHistory::dtpDay_Change() {
     tlDay->SetTimeline(HistoryTimeline(dayHistory_, labels_, {day, day + SecondsPerDay}));
 }
 
-void frmRunTimeHistory::ShowBarValue(bool entered, int day, int set) {
+void frmRunTimeHistory::ShowBarValue(bool entered, int day, int lane) {
     if (!entered) {
         QToolTip::hideText();
         return;
     }
-    const QString text = HistoryBarText(history_, labels_, set, day);
+    const QString text = HistoryBarText(history_, labels_, lane, day);
     lblHover->setText(text);
     QToolTip::showText(QCursor::pos(), text, chvHistory);
 }

@@ -50,7 +50,7 @@ class frmRunTimeHistory : public QDialog {
 
   private:
     std::string LogDirectory() const;
-    void ShowBarValue(bool entered, int day, int set);
+    void ShowBarValue(bool entered, int day, int lane);
     bool Save(const std::string& title, const std::string& filter, const std::string& name,
               const std::function<bool(const std::string&)>& write);
 
