@@ -126,11 +126,21 @@ void PaintLanes(QPainter& p, const TimelineLayout& l, const Timeline& t) {
         const QRect r = l.LaneRect(i);
         const QRect fillBand = r.adjusted(0, LaneInset, 0, -LaneInset);
         const QColor on = ToQColor(lane.GroupColor);
+        const QColor edge = on.darker(170);
         for (const TimeSpan& s : lane.On) {
             if (s.To <= l.Range.From || s.From >= l.Range.To) continue;
             const int x1 = l.XOf(s.From);
             const int x2 = std::max(l.XOf(s.To), x1 + 1);
-            p.fillRect(QRect(x1, fillBand.top(), x2 - x1, fillBand.height()), on);
+            const QRect span(x1, fillBand.top(), x2 - x1, fillBand.height());
+            p.fillRect(span, on);
+            // A darker edge, so that pale group colours (white is a default) stand out
+            // from the lane.
+            p.setPen(edge);
+            if (span.width() >= 3) {
+                p.drawRect(span.adjusted(0, 0, -1, -1));
+            } else {
+                p.drawLine(span.left(), span.top(), span.left(), span.bottom());
+            }
         }
         p.setPen(TextColor);
         const QRect nameRect(l.Names.left() + 2, r.top(), l.Names.width() - 8, r.height());

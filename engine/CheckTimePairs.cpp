@@ -186,6 +186,84 @@ void CheckPairCyclic(System& s, int i, int k, int now, int32_t tick) {
     s.display().SetInvertCaption(i, TimeText(next));
 }
 
+namespace {
+
+// The rule that a relay's even/odd code selects. The code is read once per relay and
+// evaluation rather than compared again for every pair: the codes are many short texts and
+// comparing them for all 48 pairs was most of an evaluation's cost.
+enum class CodeRule {
+    Plain,  // "EO", "  " and every text that is no code
+    EvenOddDay,
+    EvenOddHour,
+    EvenOddMinute,
+    EvenOddSecond,
+    Weekend,
+    TopOfHour,     // "TH"
+    ThreeWindows,  // "3H"
+    MiddleOfHour,  // "MH"
+    BottomOfHour,  // "BH"
+    Cyclic,        // a number
+};
+
+bool Is(const std::string& code, char a, char b) {
+    return code.size() == 2 && code[0] == a && code[1] == b;
+}
+
+CodeRule RuleOf(const std::string& code) {
+    if (Is(code, 'E', 'O') || Is(code, ' ', ' ')) return CodeRule::Plain;
+    if (Is(code, 'O', 'D') || Is(code, 'E', 'D')) return CodeRule::EvenOddDay;
+    if (Is(code, 'O', 'H') || Is(code, 'E', 'H')) return CodeRule::EvenOddHour;
+    if (Is(code, 'O', 'M') || Is(code, 'E', 'M')) return CodeRule::EvenOddMinute;
+    if (Is(code, 'O', 'S') || Is(code, 'E', 'S')) return CodeRule::EvenOddSecond;
+    if (Is(code, 'X', 'S') || Is(code, 'S', 'S') || Is(code, 'S', 'X')) return CodeRule::Weekend;
+    if (Is(code, 'T', 'H')) return CodeRule::TopOfHour;
+    if (Is(code, '3', 'H')) return CodeRule::ThreeWindows;
+    if (Is(code, 'M', 'H')) return CodeRule::MiddleOfHour;
+    if (Is(code, 'B', 'H')) return CodeRule::BottomOfHour;
+    if (IsNumericCode(code)) return CodeRule::Cyclic;
+    return CodeRule::Plain;
+}
+
+// One pair under its relay's rule. The special rules act on the first pair (on the first
+// three for "3H"); every other pair is a plain pair.
+void CheckPair(System& s, CodeRule rule, int i, int k, int p, int firstPair, int now, int weekday,
+               int32_t tick) {
+    switch (rule) {
+        case CodeRule::EvenOddDay:
+            return CheckPairEvenOddDay(s, i, k, now);
+        case CodeRule::EvenOddHour:
+            return CheckPairEvenOddHour(s, i, k, now);
+        case CodeRule::EvenOddMinute:
+            return CheckPairEvenOddMinute(s, i, k, now);
+        case CodeRule::EvenOddSecond:
+            return CheckPairEvenOddSecond(s, i, k, now);
+        case CodeRule::Weekend:
+            return CheckPairWeekend(s, i, k, firstPair, now, weekday);
+        case CodeRule::TopOfHour:
+            if (p == 0) return CheckPairTopOfHour(s, i, k, now);
+            break;
+        case CodeRule::ThreeWindows:
+            if (p == 0) return CheckPairTopOfHour(s, i, k, now);
+            if (p == 1) return CheckPairMiddleOfHour(s, i, k, now);
+            if (p == 2) return CheckPairBottomOfHour(s, i, k, now);
+            break;
+        case CodeRule::MiddleOfHour:
+            if (p == 0) return CheckPairMiddleOfHour(s, i, k, now);
+            break;
+        case CodeRule::BottomOfHour:
+            if (p == 0) return CheckPairBottomOfHour(s, i, k, now);
+            break;
+        case CodeRule::Cyclic:
+            if (p == 0) return CheckPairCyclic(s, i, k, now, tick);
+            break;
+        case CodeRule::Plain:
+            break;
+    }
+    CheckPairPlain(s, i, k, now);
+}
+
+}  // namespace
+
 void CheckTimePairs(System& s) {
     DateTime present = s.clock().Now();
     const int weekday = present.Weekday;
@@ -206,39 +284,19 @@ void CheckTimePairs(System& s) {
             if (!DaysOfWeekMatch(s, r, weekday)) continue;
 
             const int firstPair = PairIndex(i, 0);
+            // Classified only once some pair is set, so that a relay without pairs costs
+            // nothing more.
+            bool classified = false;
+            CodeRule rule = CodeRule::Plain;
             for (int p = 0; p <= LastTimePair; ++p) {
                 const int k = PairIndex(i, p);
                 f.PairActive[k] = False;
                 if (!PairIsSet(f, k)) continue;
-
-                const std::string& code = relay.DayHrEvenOdd;
-                if (code == "EO" || code == "  ") {
-                    CheckPairPlain(s, i, k, now);
-                } else if (code == "OD" || code == "ED") {
-                    CheckPairEvenOddDay(s, i, k, now);
-                } else if (code == "OH" || code == "EH") {
-                    CheckPairEvenOddHour(s, i, k, now);
-                } else if (code == "OM" || code == "EM") {
-                    CheckPairEvenOddMinute(s, i, k, now);
-                } else if (code == "OS" || code == "ES") {
-                    CheckPairEvenOddSecond(s, i, k, now);
-                } else if (code == "XS" || code == "SS" || code == "SX") {
-                    CheckPairWeekend(s, i, k, firstPair, now, weekday);
-                } else if (p == 0 && (code == "TH" || code == "3H")) {
-                    CheckPairTopOfHour(s, i, k, now);
-                } else if (p == 0 && code == "MH") {
-                    CheckPairMiddleOfHour(s, i, k, now);
-                } else if (p == 0 && code == "BH") {
-                    CheckPairBottomOfHour(s, i, k, now);
-                } else if (p == 0 && IsNumericCode(code)) {
-                    CheckPairCyclic(s, i, k, now, tick);
-                } else if (p == 1 && code == "3H") {
-                    CheckPairMiddleOfHour(s, i, k, now);
-                } else if (p == 2 && code == "3H") {
-                    CheckPairBottomOfHour(s, i, k, now);
-                } else {
-                    CheckPairPlain(s, i, k, now);
+                if (!classified) {
+                    rule = RuleOf(relay.DayHrEvenOdd);
+                    classified = true;
                 }
+                CheckPair(s, rule, i, k, p, firstPair, now, weekday, tick);
             }
         }
     }

@@ -1,0 +1,192 @@
+#include "preview/PreviewCommand.h"
+
+#include <sys/stat.h>
+
+#include <charconv>
+#include <fstream>
+#include <memory>
+
+#include "configuration/KeyValueStore.h"
+#include "configuration/StringTable.h"
+#include "configuration/clsConfiguration.h"
+#include "core/ResetRelayRecords.h"
+#include "preview/PreviewReport.h"
+#include "preview/SchedulePreview.h"
+#include "runfile/RunFileLoad.h"
+
+namespace vantrellion {
+
+namespace {
+
+constexpr const char* Program = "vantrellion-preview";
+
+// The boxes that loading a Run File or the store would show go to the error stream, with
+// the first button as the answer.
+class StreamMessages : public MessageBoxes {
+  public:
+    explicit StreamMessages(std::ostream& err) : err_(err) {}
+    Answer Show(const MessageBoxRequest& r) override {
+        std::string prompt = r.Prompt;
+        for (char& c : prompt)
+            if (c == '\r' || c == '\n') c = ' ';
+        err_ << Program << ": " << (r.Title.empty() ? "" : r.Title + ": ") << prompt << "\n";
+        ++shown;
+        return r.ButtonSet == Buttons::YesNo || r.ButtonSet == Buttons::YesNoCancel ? Answer::Yes
+                                                                                    : Answer::OK;
+    }
+    int shown = 0;
+
+  private:
+    std::ostream& err_;
+};
+
+bool IsRegularFile(const std::string& path) {
+    struct stat st {};
+    return ::stat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode);
+}
+
+// The configuration as a first run offers it, for a machine without a store: the default
+// names and group colours.
+void DefaultConfiguration(ModRelay& m) {
+    for (int g = 0; g < 8; ++g)
+        m.ColorRelayGroup[static_cast<size_t>(g)] =
+            StringTableColor(StringId::DefaultGroupColor + g);
+    for (int r = 0; r < RelaysPerBoard; ++r)
+        m.Board[0].RelayName[static_cast<size_t>(r)] = "Relay: " + std::to_string(r + 1);
+}
+
+bool WriteText(const std::string& path, const std::string& text) {
+    std::ofstream f(path, std::ios::binary | std::ios::trunc);
+    if (!f) return false;
+    f << text;
+    f.flush();
+    return static_cast<bool>(f);
+}
+
+}  // namespace
+
+std::string PreviewUsage() {
+    return std::string("usage: ") + Program +
+           " RUNFILE [--from \"YYYY-MM-DD HH:MM:SS\"] [--days N] [--csv FILE] [--svg FILE] "
+           "[--png FILE]\n"
+           "  Shows what the relays of the schedule in RUNFILE will do, worked out second by "
+           "second\n"
+           "  by the program's own engine: the on-time of each relay per day, and warnings.\n"
+           "  --from   the first second of the preview (default: now)\n"
+           "  --days   the number of days, 1 to " +
+           std::to_string(PreviewMaxDays) +
+           " (default: 7)\n"
+           "  --csv    write every switch time as CSV\n"
+           "  --svg, --png   write the timeline as a picture\n";
+}
+
+ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
+    ParsedPreviewOptions parsed;
+    PreviewOptions& o = parsed.Options;
+    auto fail = [&](const std::string& message) {
+        parsed.Error = message;
+        return parsed;
+    };
+    for (size_t n = 0; n < args.size(); ++n) {
+        const std::string& a = args[n];
+        if (a == "--help" || a == "-h") {
+            o.Help = true;
+            return parsed;
+        }
+        if (a == "--from" || a == "--days" || a == "--csv" || a == "--svg" || a == "--png") {
+            if (n + 1 >= args.size()) return fail("option " + a + " needs a value");
+            const std::string& v = args[++n];
+            if (a == "--from") {
+                o.From = ParsePreviewTime(v);
+                if (!o.From)
+                    return fail("bad date \"" + v + "\" for --from: give \"YYYY-MM-DD HH:MM:SS\"");
+            } else if (a == "--days") {
+                int days = 0;
+                const auto [end, ec] = std::from_chars(v.data(), v.data() + v.size(), days);
+                if (ec != std::errc() || end != v.data() + v.size() || days < 1 ||
+                    days > PreviewMaxDays) {
+                    return fail("bad number of days \"" + v + "\": give 1 to " +
+                                std::to_string(PreviewMaxDays));
+                }
+                o.Days = days;
+            } else {
+                if (v.empty()) return fail("option " + a + " needs a file name");
+                (a == "--csv" ? o.Csv : a == "--svg" ? o.Svg : o.Png) = v;
+            }
+        } else if (a.size() > 1 && a[0] == '-') {
+            return fail("unknown option " + a);
+        } else if (o.RunFile.empty()) {
+            o.RunFile = a;
+        } else {
+            return fail("only one Run File can be previewed, \"" + a + "\" is a second");
+        }
+    }
+    if (o.RunFile.empty()) return fail("no Run File given");
+    return parsed;
+}
+
+int RunPreviewCommand(const std::vector<std::string>& args, const PreviewEnvironment& env,
+                      std::ostream& out, std::ostream& err) {
+    const ParsedPreviewOptions parsed = ParsePreviewOptions(args);
+    if (!parsed.Error.empty()) {
+        err << Program << ": " << parsed.Error << "\n" << PreviewUsage();
+        return PreviewExitUsage;
+    }
+    const PreviewOptions& o = parsed.Options;
+    if (o.Help) {
+        out << PreviewUsage();
+        return PreviewExitOk;
+    }
+
+    StreamMessages messages(err);
+    System s;
+    s.platform.messages = &messages;
+    s.platform.machineDirectory = env.MachineDirectory;
+    DefaultConfiguration(s.modRelay);
+    // The store is read only when it is there: the preview never creates one.
+    std::unique_ptr<KeyValueStore> store;
+    const std::string storePath = env.MachineDirectory + "store.db";
+    if (!env.MachineDirectory.empty() && IsRegularFile(storePath)) {
+        store = std::make_unique<KeyValueStore>(storePath);
+        s.platform.store = store.get();
+        ConfigurationLoadFromReg(s);
+        s.platform.store = nullptr;
+    }
+
+    if (!IsRegularFile(o.RunFile)) {
+        err << Program << ": cannot read \"" << o.RunFile << "\": no such file\n";
+        return PreviewExitFileError;
+    }
+    ResetRelayRecords(s);
+    const size_t slash = o.RunFile.rfind('/');
+    const std::string dir = slash == std::string::npos ? "" : o.RunFile.substr(0, slash + 1);
+    const std::string name = slash == std::string::npos ? o.RunFile : o.RunFile.substr(slash + 1);
+    const int loaded = LoadRunFile(s, dir, name, true);
+    if (loaded != RunFileLoaded) {
+        err << Program << ": cannot read \"" << o.RunFile << "\" as a Run File (load result "
+            << loaded << ")\n";
+        return PreviewExitFileError;
+    }
+
+    PreviewRequest request;
+    request.From = o.From.value_or(env.Now);
+    request.Length = static_cast<LocalSeconds>(o.Days) * 86400;
+    request.StartTick = TickCountAt(request.From, env.Now, env.TickNow);
+    const PreviewResult result = RunPreview(TakeSnapshot(s), request);
+    out << OnTimeTable(result);
+
+    int status = PreviewExitOk;
+    auto failed = [&](const std::string& what, const std::string& path) {
+        err << Program << ": cannot write the " << what << " to \"" << path << "\"\n";
+        status = PreviewExitFileError;
+    };
+    if (!o.Csv.empty() && !WriteText(o.Csv, PreviewCsv(result))) failed("switch times", o.Csv);
+    const Timeline timeline = PreviewTimeline(result);
+    if (!o.Png.empty() && !(env.WritePng && env.WritePng(timeline, o.Png)))
+        failed("picture", o.Png);
+    if (!o.Svg.empty() && !(env.WriteSvg && env.WriteSvg(timeline, o.Svg)))
+        failed("picture", o.Svg);
+    return status;
+}
+
+}  // namespace vantrellion

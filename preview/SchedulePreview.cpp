@@ -1,0 +1,381 @@
+#include "preview/SchedulePreview.h"
+
+#include <algorithm>
+#include <bitset>
+#include <set>
+
+#include "boardio/PortAccess.h"
+#include "core/FatalError.h"
+#include "engine/CheckTimePairs.h"
+#include "engine/RelayStates.h"
+#include "engine/TimeOfDay.h"
+
+namespace vantrellion {
+
+namespace {
+
+constexpr LocalSeconds Day = 86400;
+constexpr int DrivenRelays = (LastBoard + 1) * RelaysPerBoard;
+constexpr int DrivenPairs = DrivenRelays * (LastTimePair + 1);
+
+// The emulated board's addresses, used when the configuration gives the board none: a board
+// without a base address never switches, which would hide the whole schedule.
+constexpr int16_t StandInBase = 0x300;
+constexpr int16_t StandInInput = 0x301;
+
+LocalSeconds FloorDay(LocalSeconds t) {
+    LocalSeconds q = t / Day;
+    if (t % Day != 0 && t < 0) --q;
+    return q * Day;
+}
+
+// The clock of the simulation: date, weekday and time of the simulated second, and the tick
+// count advancing 1000 per second. The date is worked out afresh only when a day begins.
+class SimulatedClock : public Clock {
+  public:
+    void Set(LocalSeconds t, int32_t tick) {
+        if (!valid_ || FloorDay(t) != dayStart_) {
+            now_ = FromLocalSeconds(t);
+            dayStart_ = FloorDay(t);
+            valid_ = true;
+        } else {
+            const int secs = static_cast<int>(t - dayStart_);
+            now_.Hour = secs / 3600;
+            now_.Minute = secs / 60 % 60;
+            now_.Second = secs % 60;
+        }
+        tick_ = tick;
+    }
+    DateTime Now() override { return now_; }
+    int32_t GetTickCount() override { return tick_; }
+
+  private:
+    DateTime now_;
+    LocalSeconds dayStart_ = 0;
+    bool valid_ = false;
+    int32_t tick_ = 0;
+};
+
+// The row display of a preview: nothing to show.
+class NullDisplay : public RowDisplay {
+  public:
+    void SetOnOffLight(int, Color) override {}
+    void SetTimePairBackground(int, Color) override {}
+    void SetDayHrEvenOddBackground(int, Color) override {}
+    void SetManualBackground(int, Color) override {}
+    void SetInvertBackground(int, Color) override {}
+    void SetInvertCaption(int, const std::string&) override {}
+    void SetTotalTimeBackground(int, Color) override {}
+    void SetTotalTimeCaption(int, const std::string&) override {}
+    void SetCounterBackground(int, Color) override {}
+    void SetCounterCaption(int, const std::string&) override {}
+    void SetStateDisplayCaption(int, const std::string&) override {}
+    void SetInputDisplayCaption(int, const std::string&) override {}
+    bool IsMinimized() const override { return true; }
+    void SetStatusTime(const std::string&) override {}
+    void SetTimeWindowCaption(const std::string&) override {}
+};
+
+// The preview runs in emulation mode, so no port is ever reached; should one be, it reads 0
+// and writes nowhere.
+class NoPorts : public Ports {
+  public:
+    int16_t In8255(int16_t) override { return 0; }
+    int16_t Out8255(int16_t, int16_t value) override { return value; }
+};
+
+class IdleTimer : public CheckTimer {
+  public:
+    void SetEnabled(bool e) override { enabled_ = e; }
+    bool IsEnabled() const override { return enabled_; }
+
+  private:
+    bool enabled_ = false;
+};
+
+class NoEvents : public EventPump {
+  public:
+    bool InputPending() override { return false; }
+    void ProcessPendingEvents() override {}
+};
+
+// A message box of the engine would stop the live program until answered. The preview notes
+// its text and time and answers it with the first button.
+class NotedMessages : public MessageBoxes {
+  public:
+    LocalSeconds now = 0;
+    std::vector<std::pair<LocalSeconds, std::string>> shown;
+    Answer Show(const MessageBoxRequest& r) override {
+        shown.emplace_back(now, r.Prompt);
+        switch (r.ButtonSet) {
+            case Buttons::AbortRetryIgnore:
+                return Answer::Abort;
+            case Buttons::YesNoCancel:
+            case Buttons::YesNo:
+                return Answer::Yes;
+            case Buttons::RetryCancel:
+                return Answer::Retry;
+            default:
+                return Answer::OK;
+        }
+    }
+};
+
+std::string TimeStamp(LocalSeconds t) {
+    const DateTime d = FromLocalSeconds(t);
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d", d.Year, d.Month, d.Day, d.Hour,
+                  d.Minute, d.Second);
+    return buf;
+}
+
+std::string RelayLabel(const ScheduleSnapshot& schedule, int record) {
+    return "Relay " + std::to_string(record + 1) + " \"" + PreviewRelayName(schedule, record) +
+           "\"";
+}
+
+std::string PairLabel(const FrmRelay& f, int k) {
+    return std::to_string(k % (LastTimePair + 1) + 1) + " (" + f.StartTime[k] + " to " +
+           f.EndTime[k] + ")";
+}
+
+// The copy of the schedule that the simulation runs on, started as the program starts a
+// schedule it has just opened: every relay and input unread, no cycle running, outputs off.
+void PrepareCopy(System& sim, const ScheduleSnapshot& schedule) {
+    sim.modRelay = schedule.modRelay;
+    sim.frmRelay = schedule.frmRelay;
+    sim.modRelay.RunNoBoards = True;
+    sim.modRelay.LoggingOnOff = False;
+    sim.modRelay.StepDelay = 0;
+    for (int b = 0; b <= LastBoard; ++b) {
+        BoardRecord& board = sim.modRelay.Board[b];
+        if (board.BaseAddress == 0) {
+            board.BaseAddress = StandInBase;
+            board.InputAddress = StandInInput;
+        }
+    }
+    FrmRelay& f = sim.frmRelay;
+    for (int i = 0; i < DrivenRelays; ++i) {
+        f.Relay[i].OldState = 9;
+        f.Relay[i].NewState = 9;
+        f.Relay[i].InputState = 9;
+        f.Relay[i].CycleStart = 0;
+    }
+    f.PairActive.fill(False);
+    f.EmulatedPort.fill(0);
+    f.EmulatedOtherPort = 0;
+    f.CheckTimeAllowed = False;  // nothing in the copy may start a timer
+}
+
+// Set pairs of one relay whose on-seconds meet: a pair is on strictly between its start and
+// its end, so 08:00 to 09:00 and 09:00 to 10:00 do not overlap.
+void AddOverlapWarnings(const ScheduleSnapshot& schedule, PreviewResult& result) {
+    const FrmRelay& f = schedule.frmRelay;
+    for (int i = 0; i < DrivenRelays; ++i) {
+        for (int p = 0; p < LastTimePair; ++p) {
+            const int k = PairIndex(i, p);
+            if (!PairIsSet(f, k)) continue;
+            const auto s1 = ParseTimeOfDay(f.StartTime[k]);
+            const auto e1 = ParseTimeOfDay(f.EndTime[k]);
+            if (!s1 || !e1) continue;
+            for (int q = p + 1; q <= LastTimePair; ++q) {
+                const int k2 = PairIndex(i, q);
+                if (!PairIsSet(f, k2)) continue;
+                const auto s2 = ParseTimeOfDay(f.StartTime[k2]);
+                const auto e2 = ParseTimeOfDay(f.EndTime[k2]);
+                if (!s2 || !e2) continue;
+                if (std::max(*s1, *s2) + 1 > std::min(*e1, *e2) - 1) continue;
+                PreviewWarning w;
+                w.Kind = PreviewWarningKind::PairsOverlap;
+                w.Record = i;
+                w.Pair = p;
+                w.OtherPair = q;
+                w.Text = RelayLabel(schedule, i) + ": time pairs " + PairLabel(f, k) + " and " +
+                         PairLabel(f, k2) + " overlap";
+                result.Warnings.push_back(w);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+ScheduleSnapshot TakeSnapshot(const System& s) {
+    return {s.modRelay, s.frmRelay};
+}
+
+int32_t TickCountAt(LocalSeconds at, LocalSeconds now, int32_t tickNow) {
+    const uint64_t ms = static_cast<uint64_t>((at - now) * 1000);
+    return static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint32_t>(tickNow) + ms));
+}
+
+std::string PreviewRelayName(const ScheduleSnapshot& schedule, int record) {
+    auto blank = [](const std::string& t) { return t.find_first_not_of(' ') == std::string::npos; };
+    const std::string& name = schedule.frmRelay.Relay[record].DisplayName;
+    if (!blank(name)) return name;
+    const std::string& configured =
+        schedule.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard];
+    if (!blank(configured)) return configured;
+    return "Relay " + std::to_string(record + 1);
+}
+
+PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest& request,
+                         const std::atomic<bool>* cancel) {
+    PreviewResult result;
+    const LocalSeconds length = std::max<LocalSeconds>(0, request.Length);
+    result.Range = {request.From, request.From + length};
+    for (LocalSeconds d = FloorDay(request.From); d < result.Range.To; d += Day)
+        result.DayStarts.push_back(std::max(d, request.From));
+
+    SimulatedClock clock;
+    NullDisplay display;
+    NoPorts ports;
+    IdleTimer timer;
+    NoEvents events;
+    NotedMessages messages;
+    System sim;
+    sim.platform.clock = &clock;
+    sim.platform.display = &display;
+    sim.platform.ports = &ports;
+    sim.platform.timer = &timer;
+    sim.platform.pump = &events;
+    sim.platform.messages = &messages;
+    PrepareCopy(sim, schedule);
+
+    result.Relays.resize(DrivenRelays);
+    for (int i = 0; i < DrivenRelays; ++i) {
+        RelayPreview& r = result.Relays[static_cast<size_t>(i)];
+        r.Record = i;
+        r.Name = PreviewRelayName(schedule, i);
+        r.GroupColor = schedule.modRelay.ColorRelayGroup[static_cast<size_t>(i % 8)];
+        r.OnSecondsPerDay.assign(result.DayStarts.size(), 0);
+    }
+
+    std::bitset<DrivenPairs> everActive;
+    std::array<bool, DrivenRelays> daysMatched{};
+    std::array<int8_t, DrivenRelays> last{};
+    last.fill(-1);
+    size_t day = 0;
+    LocalSeconds nextDay = result.DayStarts.empty() ? result.Range.To : FloorDay(request.From);
+    const FrmRelay& f = sim.frmRelay;
+
+    LocalSeconds t = request.From;
+    for (; t < result.Range.To; ++t) {
+        if (t >= nextDay) {
+            if (t > request.From) ++day;
+            nextDay = FloorDay(t) + Day;
+            if (cancel && cancel->load(std::memory_order_relaxed)) {
+                result.Cancelled = true;
+                break;
+            }
+            const int weekday = FromLocalSeconds(t).Weekday;
+            for (int i = 0; i < DrivenRelays; ++i)
+                if (DaysOfWeekMatch(sim, i % RelaysPerBoard, weekday)) daysMatched[i] = true;
+        } else if (cancel && (t - request.From) % 3600 == 0 &&
+                   cancel->load(std::memory_order_relaxed)) {
+            result.Cancelled = true;
+            break;
+        }
+        clock.Set(t, TickCountAt(t, request.From, request.StartTick));
+        messages.now = t;
+        try {
+            CheckTimePairs(sim);
+            UpdateRelayOutputs(sim);
+            ShowRelayStates(sim, ReadRelayPorts(sim));
+        } catch (const FatalError& e) {
+            result.Ended = true;
+            PreviewWarning w;
+            w.Kind = PreviewWarningKind::ProgramEnds;
+            w.At = t;
+            w.Text = "At " + TimeStamp(t) + " the evaluation ends the program: " + e.what() +
+                     " (error " + std::to_string(e.Number()) + ")";
+            result.Warnings.push_back(w);
+            break;
+        }
+        ++result.Evaluations;
+        for (int k = 0; k < DrivenPairs; ++k)
+            if (f.PairActive[k] != 0) everActive.set(static_cast<size_t>(k));
+        for (int i = 0; i < DrivenRelays; ++i) {
+            const int8_t on = f.Relay[i].OldState == 1 ? 1 : 0;
+            RelayPreview& r = result.Relays[static_cast<size_t>(i)];
+            if (on != last[i]) {
+                r.Switches.push_back({t, on == 1});
+                last[i] = on;
+            }
+            if (on) ++r.OnSecondsPerDay[day];
+        }
+    }
+    if (result.Ended || result.Cancelled) result.EndedAt = t;
+
+    // What the user should know about the span that was evaluated.
+    for (const auto& [at, text] : messages.shown) {
+        if (std::any_of(result.Warnings.begin(), result.Warnings.end(), [&](const auto& w) {
+                return w.Kind == PreviewWarningKind::MessageShown && w.Text.ends_with(text);
+            })) {
+            continue;
+        }
+        PreviewWarning w;
+        w.Kind = PreviewWarningKind::MessageShown;
+        w.At = at;
+        w.Text = "At " + TimeStamp(at) + " the engine shows a message and waits: " + text;
+        result.Warnings.push_back(w);
+    }
+    const LocalSeconds evaluatedTo = result.Ended || result.Cancelled ? t : result.Range.To;
+    const std::string span = " from " + TimeStamp(request.From) + " to " + TimeStamp(evaluatedTo);
+    const FrmRelay& given = schedule.frmRelay;
+    for (int i = 0; i < DrivenRelays && result.Evaluations > 0; ++i) {
+        const RelayRecord& rec = given.Relay[i];
+        if (rec.HardStop != 0 || rec.Manual != 0) continue;  // the pairs are not consulted
+        bool anySet = false;
+        for (int p = 0; p <= LastTimePair; ++p)
+            anySet = anySet || PairIsSet(given, PairIndex(i, p));
+        if (!anySet) continue;
+        if (!daysMatched[i]) {
+            PreviewWarning w;
+            w.Kind = PreviewWarningKind::DaysNeverMatch;
+            w.Record = i;
+            w.Text = RelayLabel(schedule, i) + ": its days of the week \"" + rec.DaysOfWeek +
+                     "\" match no day" + span + ", so its time pairs are never checked";
+            result.Warnings.push_back(w);
+            continue;
+        }
+        for (int p = 0; p <= LastTimePair; ++p) {
+            const int k = PairIndex(i, p);
+            if (!PairIsSet(given, k) || everActive.test(static_cast<size_t>(k))) continue;
+            PreviewWarning w;
+            w.Kind = PreviewWarningKind::PairNeverOn;
+            w.Record = i;
+            w.Pair = p;
+            w.Text = RelayLabel(schedule, i) + ": time pair " + PairLabel(given, k) +
+                     " never switches on" + span + " (days \"" + rec.DaysOfWeek + "\", code \"" +
+                     rec.DayHrEvenOdd + "\")";
+            result.Warnings.push_back(w);
+        }
+    }
+    AddOverlapWarnings(schedule, result);
+    return result;
+}
+
+Timeline PreviewTimeline(const PreviewResult& result) {
+    Timeline t;
+    t.Range = result.Range;
+    const LocalSeconds known = result.Ended || result.Cancelled ? result.EndedAt : result.Range.To;
+    for (const RelayPreview& r : result.Relays) {
+        TimelineLane lane;
+        lane.Name = r.Name;
+        lane.GroupColor = r.GroupColor;
+        bool on = false;
+        LocalSeconds onSince = 0;
+        for (const RelaySwitch& s : r.Switches) {
+            if (s.On && !on) onSince = s.At;
+            if (!s.On && on) lane.On.push_back({onSince, s.At});
+            on = s.On;
+        }
+        if (on && onSince < known) lane.On.push_back({onSince, known});
+        t.Lanes.push_back(std::move(lane));
+    }
+    if (known < result.Range.To) t.Gaps.push_back({known, result.Range.To});
+    return t;
+}
+
+}  // namespace vantrellion

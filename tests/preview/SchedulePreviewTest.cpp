@@ -1,0 +1,296 @@
+// The preview against the live engine: the same schedule driven through the real tick, second
+// by second with a fake clock, must switch its relays at exactly the seconds the preview
+// reports. Then the warnings, the per-day on-times and the golden CSV of one documented
+// schedule.
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "core/FatalError.h"
+#include "engine/Tick.h"
+#include "preview/PreviewReport.h"
+#include "preview/SchedulePreview.h"
+#include "support/Fakes.h"
+
+namespace vantrellion::test {
+namespace {
+
+struct RelaySetup {
+    RelaySetup(std::string d, std::string c, std::vector<std::pair<std::string, std::string>> p,
+               Flag m = 0, Flag inv = 0, Flag st = 0, std::string n = "")
+        : days(std::move(d)),
+          code(std::move(c)),
+          pairs(std::move(p)),
+          manual(m),
+          invert(inv),
+          stop(st),
+          name(std::move(n)) {}
+    std::string days, code;
+    std::vector<std::pair<std::string, std::string>> pairs;
+    Flag manual, invert, stop;
+    std::string name;
+};
+
+void Apply(TestSystem& t, const std::vector<RelaySetup>& relays) {
+    for (size_t i = 0; i < relays.size(); ++i) {
+        const RelaySetup& r = relays[i];
+        RelayRecord& rec = t.relay(static_cast<int>(i));
+        rec.DaysOfWeek = r.days;
+        rec.DayHrEvenOdd = r.code;
+        rec.Manual = r.manual;
+        rec.Invert = r.invert;
+        rec.HardStop = r.stop;
+        if (!r.name.empty()) rec.DisplayName = r.name;
+        for (size_t p = 0; p < r.pairs.size(); ++p)
+            t.SetPair(static_cast<int>(i), static_cast<int>(p), r.pairs[p].first,
+                      r.pairs[p].second);
+    }
+}
+
+struct LiveRun {
+    std::vector<std::vector<RelaySwitch>> switches{8};
+    std::optional<LocalSeconds> endedAt;
+};
+
+// The real tick, once a second from `from`, the tick count advancing with the clock.
+LiveRun RunLive(TestSystem& t, LocalSeconds from, LocalSeconds length, int32_t startTick) {
+    LiveRun run;
+    std::array<int, 8> last{};
+    last.fill(-1);
+    for (LocalSeconds s = from; s < from + length; ++s) {
+        t.clock.now = FromLocalSeconds(s);
+        t.clock.tick = TickCountAt(s, from, startTick);
+        try {
+            CheckTimeTick(t.s);
+        } catch (const FatalError&) {
+            run.endedAt = s;
+            break;
+        }
+        for (int i = 0; i < 8; ++i) {
+            const int on = t.relay(i).OldState == 1;
+            if (on != last[i]) run.switches[i].push_back({s, on == 1});
+            last[i] = on;
+        }
+    }
+    return run;
+}
+
+constexpr LocalSeconds Day = 86400;
+// Friday 27 November 2026, midnight: the spans below run over a weekend and a month end
+// (Monday 30 November).
+const LocalSeconds Friday = ToLocalSeconds({2026, 11, 27, 0, 0, 0, 6});
+
+struct Agreement {
+    const char* what;
+    std::vector<RelaySetup> relays;
+    LocalSeconds from, length;
+    int32_t startTick = 1000;
+};
+
+TEST(SchedulePreview, SwitchesExactlyWhenTheLiveTickDoes) {
+    const std::vector<Agreement> cases = {
+        {"weekdays, odd/even day, hour, minute, second",
+         {
+             {"246", "EO", {{"08:00", "15:00"}}},
+             {"All Days", "OD", {{"09:30", "14:00"}, {"15:00", "19:00"}}},
+             {"All Days", "EH", {{"09:30", "13:00"}, {"15:00", "19:00"}}},
+             {"All Days", "OM", {{"09:30", "10:30"}}},
+             {"1234567", "ES", {{"11:59:50", "12:00:20"}}},
+             {"All Days", "ED", {{"23:00", "23:59:59"}, {"0:00", "1:00"}}},
+             {"Days", "EO", {{"08:00", "09:00"}}},
+             {"17", "OH", {{"8:00 pm", "11:30 pm"}}},
+         },
+         Friday,
+         4 * Day},
+        {"top, middle and bottom of the hour, 3H, weekend codes",
+         {
+             {"All Days", "TH", {{"09:10", "18:05"}, {"20:00", "20:30"}}},
+             {"All Days", "MH", {{"09:15", "18:25"}}},
+             {"All Days", "BH", {{"22:50", "23:59:59"}}},
+             {"All Days",
+              "3H",
+              {{"01:10", "03:00"}, {"04:15", "06:40"}, {"07:45", "09:00"}, {"10:00", "10:05"}}},
+             {"All Days", "SS", {{"08:00", "12:00"}, {"13:00", "14:00"}}},
+             {"All Days", "XS", {{"08:00", "12:00"}}},
+             {"All Days", "SX", {{"08:00", "12:00"}}},
+             {"All Days", "MH", {{"09:40", "18:10"}}},
+         },
+         Friday,
+         3 * Day},
+        {"cycles, manual, invert, stop",
+         {
+             {"All Days", "5", {{"08:00", "09:00"}}},
+             {"All Days", "0", {{"10:00", "10:01"}}},
+             {"All Days", "2", {{"23:50", "23:59:59"}, {"00:00:30", "00:10"}}},
+             {"All Days", "EO", {{"08:00", "09:00"}}, True},
+             {"3", "EO", {{"12:00", "13:00"}}, 0, True},
+             {"All Days", "EO", {{"08:00", "09:00"}}, True, True},
+             {"All Days", "EO", {{"08:00", "09:00"}}, 0, 0, True},
+             {"All Days", "EO", {{"08:00", "09:00"}}, 0, True, True},
+         },
+         Friday + 7 * 3600,
+         2 * Day},
+        {"a cycle that overflows the tick count ends both at the same second",
+         {{"All Days", "1", {{"00:00", "23:59"}}}},
+         Friday,
+         Day,
+         INT32_MAX - 3'600'000},
+    };
+    for (const Agreement& c : cases) {
+        TestSystem live;
+        Apply(live, c.relays);
+        const ScheduleSnapshot snapshot = TakeSnapshot(live.s);
+        const PreviewResult preview = RunPreview(snapshot, {c.from, c.length, c.startTick});
+        const LiveRun expected = RunLive(live, c.from, c.length, c.startTick);
+        size_t changes = 0;
+        for (int i = 0; i < 8; ++i) {
+            EXPECT_EQ(preview.Relays[i].Switches, expected.switches[i])
+                << c.what << ", relay " << i + 1;
+            changes += expected.switches[i].size();
+        }
+        EXPECT_GT(changes, c.relays.size() + 2) << c.what;  // the schedules do switch
+        EXPECT_EQ(preview.Ended, expected.endedAt.has_value()) << c.what;
+        if (expected.endedAt) {
+            EXPECT_EQ(preview.EndedAt, *expected.endedAt) << c.what;
+            EXPECT_LT(*expected.endedAt, c.from + Day);
+        }
+    }
+}
+
+TEST(SchedulePreview, LeavesTheRunningStateAlone) {
+    TestSystem t;
+    Apply(t, {{"All Days", "5", {{"08:00", "09:00"}}}, {"All Days", "EO", {{"08:00", "09:00"}}}});
+    t.relay(0).OldState = 1;
+    t.relay(0).CycleStart = 12345;
+    t.frm().EmulatedPort[0] = 0x81;
+    const FrmRelay before = t.frm();
+    RunPreview(TakeSnapshot(t.s), {Friday, Day});
+    EXPECT_EQ(t.relay(0).OldState, 1);
+    EXPECT_EQ(t.relay(0).CycleStart, 12345);
+    EXPECT_EQ(t.frm().EmulatedPort, before.EmulatedPort);
+    EXPECT_EQ(t.frm().PairActive, before.PairActive);
+    EXPECT_TRUE(t.ports.log.empty());
+    EXPECT_TRUE(t.display.invertCaption.empty());
+    EXPECT_TRUE(t.messages.shown.empty());
+}
+
+TEST(SchedulePreview, WarnsOfPairsNeverOnDaysNeverMatchedOverlapsAndTheEnd) {
+    TestSystem t;
+    Apply(t, {
+                 {"All Days", "EO", {{"08:00", "10:00"}, {"09:00", "11:00"}, {"11:00", "12:00"}}},
+                 {"all days", "EO", {{"08:00", "09:00"}}},
+                 {"All Days", "TH", {{"09:00", "18:00"}}},
+                 {"All Days", "EO", {{"10:00", "09:00"}}, True},  // manual: pairs not consulted
+                 {"All Days", "EO", {{"08:00", "8:0x"}}},
+             });
+    t.SetPair(4, 0, "08:00", "09:00");
+    PreviewResult r = RunPreview(TakeSnapshot(t.s), {Friday, 2 * Day});
+    std::vector<std::string> texts;
+    for (const PreviewWarning& w : r.Warnings)
+        texts.push_back(w.Text);
+    const std::vector<std::string> expected = {
+        "Relay 2 \"Relay 2\": its days of the week \"all days\" match no day from 2026-11-27 "
+        "00:00:00 to 2026-11-29 00:00:00, so its time pairs are never checked",
+        "Relay 3 \"Relay 3\": time pair 1 (09:00 to 18:00) never switches on from 2026-11-27 "
+        "00:00:00 to 2026-11-29 00:00:00 (days \"All Days\", code \"TH\")",
+        "Relay 1 \"Relay 1\": time pairs 1 (08:00 to 10:00) and 2 (09:00 to 11:00) overlap",
+    };
+    EXPECT_EQ(texts, expected);
+
+    // A damaged time text ends the program at the first evaluation that reaches it.
+    t.SetPair(4, 0, "08:00", "8:0x");
+    r = RunPreview(TakeSnapshot(t.s), {Friday + 3600, Day});
+    ASSERT_FALSE(r.Warnings.empty());
+    EXPECT_EQ(r.Warnings.front().Kind, PreviewWarningKind::ProgramEnds);
+    EXPECT_EQ(r.Warnings.front().Text,
+              "At 2026-11-27 01:00:00 the evaluation ends the program: Type mismatch (error 13)");
+    EXPECT_TRUE(r.Ended);
+    const Timeline line = PreviewTimeline(r);
+    ASSERT_EQ(line.Gaps.size(), 1u);
+    EXPECT_EQ(line.Gaps[0].From, Friday + 3600);
+    EXPECT_EQ(line.Gaps[0].To, Friday + 3600 + Day);
+}
+
+// The documented schedule of the README's CSV example: Monday 30 November and Tuesday
+// 1 December 2026. Pump runs 08:00 to 09:30 and 23:00 to 23:59:59 every day; the porch lights
+// 18:00 to 20:00 on odd days of the month only; the fan is inverted, scheduled on Mondays
+// only, so it is on except 12:00 to 13:00 on Monday and all of Tuesday.
+TEST(SchedulePreview, GoldenCsvAndOnTimesOverMidnightAndAMonthEnd) {
+    TestSystem t;
+    Apply(t, {
+                 {"All Days", "EO", {{"08:00", "09:30"}, {"23:00", "23:59:59"}}, 0, 0, 0, "Pump"},
+                 {"All Days", "OD", {{"18:00", "20:00"}}, 0, 0, 0, "Lights, porch"},
+                 {"2", "EO", {{"12:00", "13:00"}}, 0, True, 0, "Fan"},
+             });
+    const LocalSeconds monday = ToLocalSeconds({2026, 11, 30, 0, 0, 0, 2});
+    const PreviewResult r = RunPreview(TakeSnapshot(t.s), {monday, 2 * Day});
+    EXPECT_EQ(PreviewCsv(r),
+              "time,relay,name,state\n"
+              "2026-11-30 00:00:00,1,Pump,off\n"
+              "2026-11-30 00:00:00,2,\"Lights, porch\",off\n"
+              "2026-11-30 00:00:00,3,Fan,on\n"
+              "2026-11-30 00:00:00,4,Relay 4,off\n"
+              "2026-11-30 00:00:00,5,Relay 5,off\n"
+              "2026-11-30 00:00:00,6,Relay 6,off\n"
+              "2026-11-30 00:00:00,7,Relay 7,off\n"
+              "2026-11-30 00:00:00,8,Relay 8,off\n"
+              "2026-11-30 08:00:01,1,Pump,on\n"
+              "2026-11-30 09:30:00,1,Pump,off\n"
+              "2026-11-30 12:00:01,3,Fan,off\n"
+              "2026-11-30 13:00:00,3,Fan,on\n"
+              "2026-11-30 23:00:01,1,Pump,on\n"
+              "2026-11-30 23:59:59,1,Pump,off\n"
+              "2026-12-01 08:00:01,1,Pump,on\n"
+              "2026-12-01 09:30:00,1,Pump,off\n"
+              "2026-12-01 18:00:01,2,\"Lights, porch\",on\n"
+              "2026-12-01 20:00:00,2,\"Lights, porch\",off\n"
+              "2026-12-01 23:00:01,1,Pump,on\n"
+              "2026-12-01 23:59:59,1,Pump,off\n");
+    ASSERT_EQ(r.DayStarts, (std::vector<LocalSeconds>{monday, monday + Day}));
+    EXPECT_EQ(r.Relays[0].OnSecondsPerDay, (std::vector<int64_t>{5399 + 3598, 5399 + 3598}));
+    EXPECT_EQ(r.Relays[1].OnSecondsPerDay, (std::vector<int64_t>{0, 7199}));
+    EXPECT_EQ(r.Relays[2].OnSecondsPerDay, (std::vector<int64_t>{Day - 3599, Day}));
+    EXPECT_TRUE(r.Warnings.empty());
+    const std::string table = OnTimeTable(r);
+    EXPECT_NE(table.find("2026-11-30   2:29:57   0:00:00  23:00:01"), std::string::npos) << table;
+}
+
+TEST(SchedulePreview, DaysOfAPartialSpanAndACancel) {
+    TestSystem t;
+    Apply(t, {{"All Days", "EO", {{"00:00", "23:59:59"}}}});
+    // From 22:00 for five hours: two calendar days, the first from 22:00.
+    PreviewResult r = RunPreview(TakeSnapshot(t.s), {Friday + 22 * 3600, 5 * 3600});
+    EXPECT_EQ(r.DayStarts, (std::vector<LocalSeconds>{Friday + 22 * 3600, Friday + Day}));
+    EXPECT_EQ(r.Relays[0].OnSecondsPerDay, (std::vector<int64_t>{7199, 3 * 3600 - 1}));
+
+    std::atomic<bool> cancel{true};
+    r = RunPreview(TakeSnapshot(t.s), {Friday, 30 * Day}, &cancel);
+    EXPECT_TRUE(r.Cancelled);
+    EXPECT_EQ(r.Evaluations, 0);
+}
+
+TEST(PreviewReport, StartTimesAreReadStrictly) {
+    struct Case {
+        const char* text;
+        std::optional<LocalSeconds> expected;
+    };
+    const Case cases[] = {
+        {"2026-11-27 00:00:00", Friday},
+        {"2028-02-29 12:00:00", ToLocalSeconds({2028, 2, 29, 12, 0, 0, 3})},
+        {"2026-02-29 12:00:00", std::nullopt},
+        {"2026-13-01 00:00:00", std::nullopt},
+        {"2026-11-27 24:00:00", std::nullopt},
+        {"2026-11-27 10:60:00", std::nullopt},
+        {"2026-11-27", std::nullopt},
+        {"2026-11-27T00:00:00", std::nullopt},
+        {"2026-1-27 00:00:00 ", std::nullopt},
+        {"", std::nullopt},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(ParsePreviewTime(c.text), c.expected) << c.text;
+    EXPECT_EQ(PreviewTimeText(Friday + 3661), "2026-11-27 01:01:01");
+    EXPECT_EQ(DurationText(100 * 3600 + 61), "100:01:01");
+}
+
+}  // namespace
+}  // namespace vantrellion::test
