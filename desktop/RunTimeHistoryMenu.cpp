@@ -12,7 +12,10 @@ namespace vantrellion {
 void AddRunTimeHistoryMenu(frmRelay& w, System& s) {
     QMenu* tool = w.SubMenu("mnuTool");
     if (!tool) return;
-    tool->addSeparator();
+    // It goes with the schedule preview's entry when that ends the menu, after a separator of
+    // its own otherwise.
+    const QList<QAction*> items = tool->actions();
+    if (items.isEmpty() || items.back()->text() != "Schedule Preview...") tool->addSeparator();
     QAction* item = tool->addAction("Run-time History...");
     item->setObjectName("mnuToolRunTimeHistory");
     // One window at a time, not modal: the tick and the main screen go on while it is open.

@@ -6,8 +6,9 @@
 
 namespace vantrellion {
 
-// Adds a separator and "Run-time History..." (mnuToolRunTimeHistory) at the end of the Tool
-// menu; the entry opens frmRunTimeHistory, or brings the open one to the front.
+// Adds "Run-time History..." (mnuToolRunTimeHistory) at the end of the Tool menu, right after
+// "Schedule Preview..." when that is the last entry and after a separator otherwise. The entry
+// opens frmRunTimeHistory, or brings the open one to the front.
 void AddRunTimeHistoryMenu(frmRelay& w, System& s);
 
 }  // namespace vantrellion

@@ -159,6 +159,8 @@ TEST(RunTimeHistoryMenu, ToolMenuEndsWithTheEntryAndItsWindowLeavesTheTickRunnin
     ASSERT_GE(items.size(), 2);
     EXPECT_EQ(items.back()->text(), "Run-time History...");
     EXPECT_EQ(items.back()->objectName(), "mnuToolRunTimeHistory");
+    const QAction* before = items[items.size() - 2];
+    EXPECT_TRUE(before->isSeparator() || before->text() == "Schedule Preview...");
 
     items.back()->trigger();
     auto* window = app.MainWindow()->findChild<frmRunTimeHistory*>("frmRunTimeHistory");

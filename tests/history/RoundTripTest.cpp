@@ -1,8 +1,10 @@
 // Two days of the engine on a fake clock, logged by the real log writer into a temporary
-// directory, read back: the history holds what the output port held at each minute's line.
+// directory, read back: the history holds what the output port held at each minute's line,
+// and what the schedule preview said the relays would do.
 #include <gtest/gtest.h>
 
 #include "engine/Tick.h"
+#include "preview/SchedulePreview.h"
 #include "support/Fakes.h"
 #include "tests/history/HistoryTestSupport.h"
 
@@ -27,10 +29,17 @@ TEST(HistoryRoundTrip, TwoDaysOfTheEngineReadBackAsTheyRan) {
     t.relay(5).DayHrEvenOdd = "EH";
     t.SetPair(5, 0, "18:00", "20:00");
 
+    // What the preview expects of the same two days, asked before they run.
+    const LocalSeconds first = Day(2026, 11, 16);
+    PreviewRequest ask;
+    ask.From = first;
+    ask.Length = 2 * 86400;
+    ask.StartTick = t.clock.tick + 1000;
+    const Timeline preview = PreviewTimeline(RunPreview(TakeSnapshot(t.s), ask));
+
     // Monday 16 and Tuesday 17 November 2026, one tick a second. Input 3 is on from 12:00 to
     // 12:20 on the second day. What the ports hold right after each minute's first tick is
     // what that minute's state line says.
-    const LocalSeconds first = Day(2026, 11, 16);
     std::array<std::array<LocalSeconds, 8>, 2> relayOn{}, inputOn{};
     LocalSeconds logged = 0;
     for (LocalSeconds now = first; now < first + 2 * 86400; ++now) {
@@ -63,6 +72,18 @@ TEST(HistoryRoundTrip, TwoDaysOfTheEngineReadBackAsTheyRan) {
     EXPECT_EQ(h.Days[0].KnownSeconds + h.Days[1].KnownSeconds, logged);
     ASSERT_EQ(h.Gaps.size(), 1u);  // the first minute
     EXPECT_EQ(h.Gaps[0].Length(), 60);
+
+    // The preview's relays, sampled at the same minute lines, give the same hours.
+    ASSERT_GE(preview.Lanes.size(), 8u);
+    for (int r = 0; r < 8; ++r) {
+        std::array<LocalSeconds, 2> sampled{};
+        for (LocalSeconds m = first + 60; m < first + 2 * 86400; m += 60) {
+            for (const TimeSpan& on : preview.Lanes[r].On)
+                if (on.From <= m && m < on.To) sampled[(m - first) / 86400] += 60;
+        }
+        EXPECT_EQ(h.Days[0].RelayOnSeconds[r], sampled[0]) << "relay " << r + 1;
+        EXPECT_EQ(h.Days[1].RelayOnSeconds[r], sampled[1]) << "relay " << r + 1;
+    }
 
     // The schedule as the grower reads it, at the resolution of the log's minutes.
     EXPECT_EQ(h.Days[0].RelayOnSeconds[0], 7 * 3600 - 60);  // on from 08:00:01
