@@ -56,13 +56,6 @@ class HistoryReportTest : public ::testing::Test {
     }
 };
 
-TEST_F(HistoryReportTest, LabelsComeFromTheNamesAndGroupColours) {
-    EXPECT_EQ(labels.RelayNames[0], "Lights, north");
-    EXPECT_EQ(labels.RelayNames[1], "Relay 2");
-    EXPECT_EQ(labels.RelayNames[3], "Relay 4");
-    EXPECT_EQ(labels.GroupColors[2], 102);
-}
-
 TEST_F(HistoryReportTest, CsvHasOneRowPerDayWithHoursAndTheMissingDay) {
     const RunTimeHistory h = ReadDays(dir, d1, d2);
     const std::string csv = HistoryCsv(h, labels);
