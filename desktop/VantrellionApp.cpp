@@ -16,6 +16,7 @@
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
 #include "desktop/RunTimeHistoryMenu.h"
+#include "desktop/SchedulePreviewMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "engine/Tick.h"
 #include "mainscreen/MainScreenLifecycle.h"
@@ -134,6 +135,7 @@ void VantrellionApp::WireMenus() {
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
+    WireSchedulePreviewMenu(s_, w);
     w.OnMenu("mnuHelpSplash", [](int) {
         auto* splash = new frmSplash();
         splash->setAttribute(Qt::WA_DeleteOnClose);

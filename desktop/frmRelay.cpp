@@ -243,6 +243,8 @@ void frmRelay::BuildMenus() {
     boot->menuAction()->setObjectName("mnuToolRunOnBoot");
     menus_.emplace("mnuToolRunOnBoot", boot);
     actions_.emplace("mnuToolRunOnBoot", boot->menuAction());
+    tool->addSeparator();
+    AddItem(tool, "mnuToolSchedulePreview", "Schedule Preview...");
 
     QMenu* dev = top("mnuDev", "Dev");
     AddItem(dev, "mnuDevPrintResourceFile", "Print Resource File");
