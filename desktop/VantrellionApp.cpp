@@ -18,6 +18,7 @@
 #include "desktop/HelpAndLogMenus.h"
 #include "desktop/RowEvents.h"
 #include "desktop/RunOnBootMenu.h"
+#include "desktop/RunTimeHistoryMenu.h"
 #include "desktop/SchedulePreviewMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/StateToolMenus.h"
@@ -159,6 +160,7 @@ void VantrellionApp::WireMenus() {
     WireStateToolMenus(w, s_);
     WireHelpAndLogMenus(s_, w);
     WireSchedulePreviewMenu(s_, w);
+    AddRunTimeHistoryMenu(w, s_);
 }
 
 void VantrellionApp::UnloadAllForms() {

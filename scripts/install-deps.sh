@@ -3,7 +3,8 @@
 set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlite3-dev libgtest-dev libgmock-dev
-          libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils qt6-svg-dev)
+          libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils qt6-svg-dev
+          qt6-charts-dev libqt6opengl6-dev)
 
 missing=()
 for p in "${packages[@]}"; do

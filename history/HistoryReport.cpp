@@ -1,0 +1,148 @@
+#include "history/HistoryReport.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+
+namespace vantrellion {
+
+namespace {
+
+std::vector<TimeSpan> Clip(const std::vector<TimeSpan>& spans, TimeSpan to) {
+    std::vector<TimeSpan> out;
+    for (const TimeSpan& s : spans) {
+        const LocalSeconds from = std::max(s.From, to.From);
+        const LocalSeconds end = std::min(s.To, to.To);
+        if (from < end) out.push_back({from, end});
+    }
+    return out;
+}
+
+std::string CsvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string out = "\"";
+    for (char c : text) {
+        if (c == '"') out += '"';
+        out += c;
+    }
+    return out + "\"";
+}
+
+std::string Padded(const std::string& text, size_t width) {
+    return text.size() >= width ? text : std::string(width - text.size(), ' ') + text;
+}
+
+}  // namespace
+
+HistoryLabels HistoryLabelsFrom(const ModRelay& m) {
+    HistoryLabels l;
+    for (int n = 0; n < MaxLoggedLanes; ++n) {
+        const std::string& name = m.Board[n / 8].RelayName[n % 8];
+        l.RelayNames[n] = name.empty() || name == " " ? "Relay " + std::to_string(n % 8 + 1) : name;
+        l.GroupColors[n] = m.ColorRelayGroup[n % 8];
+    }
+    return l;
+}
+
+int ShownRelays(const RunTimeHistory& h) {
+    return std::max(h.Relays, 8);
+}
+
+std::string IsoDate(LocalSeconds day) {
+    const DateTime d = FromLocalSeconds(day);
+    char text[16];
+    std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.Year % 10000, d.Month, d.Day);
+    return text;
+}
+
+bool ParseIsoDate(const std::string& text, LocalSeconds& day) {
+    int y = 0, m = 0, d = 0, used = 0;
+    if (std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &y, &m, &d, &used) != 3 || used != 10)
+        return false;
+    if (text.size() > 10 && text[10] != 'T' && text[10] != ' ') return false;
+    if (y < 1970 || m < 1 || m > 12 || d < 1 || d > 31) return false;
+    DateTime date;
+    date.Year = y;
+    date.Month = m;
+    date.Day = d;
+    day = ToLocalSeconds(date);
+    return FromLocalSeconds(day).Day == d;  // 31 April is no date
+}
+
+std::string HoursText(LocalSeconds seconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", static_cast<double>(seconds) / 3600.0);
+    return text;
+}
+
+std::string HistoryTableText(const RunTimeHistory& h, const HistoryLabels& labels) {
+    const int relays = ShownRelays(h);
+    std::string out = "On-hours per day, from " + IsoDate(h.Range.From) + " to " +
+                      IsoDate(h.Days.empty() ? h.Range.From : h.Days.back().Start) + "\n";
+    for (int n = 0; n < relays; ++n)
+        out += "  R" + std::to_string(n + 1) + "  " + labels.RelayNames[n] + "\n";
+    out += "\nDate      ";
+    for (int n = 0; n < relays; ++n)
+        out += Padded("R" + std::to_string(n + 1), 7);
+    out += "  Not logged  ReStart\n";
+    for (const HistoryDay& d : h.Days) {
+        out += IsoDate(d.Start);
+        for (int n = 0; n < relays; ++n)
+            out += Padded(HoursText(d.RelayOnSeconds[n]), 7);
+        out += Padded(HoursText(d.GapSeconds), 12) + Padded(std::to_string(d.Restarts), 9);
+        if (!d.FileFound) out += "  no log file";
+        out += "\n";
+    }
+    const LogReadCounts& c = h.Counts;
+    out += "\n" + std::to_string(c.FilesRead) + " log files, " + std::to_string(c.StateLines) +
+           " state lines, " + std::to_string(c.EventLines) +
+           " event lines; skipped: " + std::to_string(c.DamagedLines) + " damaged, " +
+           std::to_string(c.ForeignLines) + " foreign, " + std::to_string(c.ListingLines) +
+           " port listing, " + std::to_string(c.OutOfOrderLines) + " out of order, " +
+           std::to_string(c.NoRelayLines) + " without relays\n";
+    return out;
+}
+
+std::string HistoryCsv(const RunTimeHistory& h, const HistoryLabels& labels) {
+    const int relays = ShownRelays(h);
+    const int inputs = h.Inputs;
+    std::string out = "Date";
+    for (int n = 0; n < relays; ++n)
+        out += "," + CsvField(labels.RelayNames[n]);
+    for (int n = 0; n < inputs; ++n)
+        out += ",Input " + std::to_string(n + 1);
+    out += ",Logged,Not logged,Restarts,Log file\r\n";
+    for (const HistoryDay& d : h.Days) {
+        out += IsoDate(d.Start);
+        for (int n = 0; n < relays; ++n)
+            out += "," + HoursText(d.RelayOnSeconds[n]);
+        for (int n = 0; n < inputs; ++n)
+            out += "," + HoursText(d.InputOnSeconds[n]);
+        out += "," + HoursText(d.KnownSeconds) + "," + HoursText(d.GapSeconds) + "," +
+               std::to_string(d.Restarts) + "," + (d.FileFound ? "yes" : "no") + "\r\n";
+    }
+    return out;
+}
+
+bool WriteHistoryFile(const std::string& path, const std::string& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    return !out.fail();
+}
+
+Timeline HistoryTimeline(const RunTimeHistory& h, const HistoryLabels& labels, TimeSpan span) {
+    Timeline t;
+    t.Range = span;
+    for (int n = 0; n < ShownRelays(h); ++n) {
+        TimelineLane lane;
+        lane.Name = labels.RelayNames[n];
+        lane.GroupColor = labels.GroupColors[n];
+        lane.On = Clip(h.RelayOn[n], span);
+        t.Lanes.push_back(std::move(lane));
+    }
+    t.Gaps = Clip(h.Gaps, span);
+    return t;
+}
+
+}  // namespace vantrellion

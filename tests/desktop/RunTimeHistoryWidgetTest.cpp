@@ -1,0 +1,178 @@
+// The run-time history window and its chart on the offscreen platform: bars in each relay's
+// colour as high as its hours, the hover value, the day view, the CSV export, and the Tool
+// menu entry of the running program.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QMenu>
+
+#include "configuration/KeyValueStore.h"
+#include "configuration/clsConfiguration.h"
+#include "desktop/QtConvert.h"
+#include "desktop/RunTimeHistoryChart.h"
+#include "desktop/VantrellionApp.h"
+#include "desktop/frmRunTimeHistory.h"
+#include "support/Fakes.h"
+#include "tests/history/HistoryTestSupport.h"
+
+namespace vantrellion::test {
+namespace {
+
+// Saturated group colours that the chart's grey and antialiasing never produce.
+constexpr Color kColors[8] = {Rgb(230, 0, 0),   Rgb(0, 170, 0),   Rgb(0, 0, 230),
+                              Rgb(230, 0, 230), Rgb(0, 200, 200), Rgb(230, 140, 0),
+                              Rgb(120, 0, 200), Rgb(90, 60, 20)};
+
+class RunTimeHistoryWidgetTest : public ::testing::Test {
+  protected:
+    TempDir dir;
+    TestSystem t;
+    const LocalSeconds d1 = Day(2026, 11, 14), d2 = d1 + SecondsPerDay;
+
+    void SetUp() override {
+        t.mod().LogFilePath = dir.Path();
+        for (int g = 0; g < 8; ++g)
+            t.mod().ColorRelayGroup[g] = kColors[g];
+        t.clock.now = FromLocalSeconds(d2 + SecondsPerDay + At(9, 0));
+        // Relay 1 on 12 hours, relay 2 six, relay 3 three, on both days; day 2 is cut at
+        // 18:00 (the program stopped).
+        auto pattern = [](int s) {
+            Bytes b;
+            if (s < At(12, 0)) b.relays |= 0x01;
+            if (s >= At(6, 0) && s < At(12, 0)) b.relays |= 0x02;
+            if (s >= At(9, 0) && s < At(12, 0)) b.relays |= 0x04;
+            return b;
+        };
+        WriteDay(dir, d1, StateLines(0, 86400, pattern));
+        WriteDay(dir, d2, StateLines(0, At(18, 0), pattern));
+    }
+
+    std::unique_ptr<frmRunTimeHistory> Open() {
+        auto w = std::make_unique<frmRunTimeHistory>(t.s);
+        w->dtpFrom->setDate(QDate(2026, 11, 14));
+        w->dtpTo->setDate(QDate(2026, 11, 15));
+        w->cmdShow->click();
+        return w;
+    }
+};
+
+// The height in pixels of the tallest run of a colour in any column of the picture.
+int BarHeight(const QImage& img, Color c) {
+    const QRgb want = ToQColor(c).rgb();
+    int best = 0;
+    for (int x = 0; x < img.width(); ++x) {
+        int run = 0;
+        for (int y = 0; y < img.height(); ++y) {
+            run = img.pixel(x, y) == want ? run + 1 : 0;
+            best = std::max(best, run);
+        }
+    }
+    return best;
+}
+
+TEST_F(RunTimeHistoryWidgetTest, ChartHasABarPerRelayWithDataAsHighAsItsHours) {
+    auto w = Open();
+    const RunTimeHistory& h = w->History();
+    ASSERT_EQ(h.Days.size(), 2u);
+    const QImage img = RenderHistoryChart(h, w->Labels(), QSize(900, 600));
+    const int h1 = BarHeight(img, kColors[0]), h2 = BarHeight(img, kColors[1]),
+              h3 = BarHeight(img, kColors[2]);
+    ASSERT_GT(h3, 10);
+    EXPECT_NEAR(h1, 2 * h2, 3);
+    EXPECT_NEAR(h2, 2 * h3, 3);
+    for (int n = 3; n < 8; ++n)  // never on: no bar, no legend entry
+        EXPECT_EQ(BarHeight(img, kColors[n]), 0) << "relay " << n + 1;
+
+    // The window's own chart holds the same figures, with the hours not logged last.
+    auto* series = qobject_cast<QBarSeries*>(w->chvHistory->chart()->series().at(0));
+    ASSERT_NE(series, nullptr);
+    const QList<QBarSet*> sets = series->barSets();
+    ASSERT_EQ(sets.size(), 4);
+    EXPECT_EQ(sets[0]->label(), "Relay 1");
+    EXPECT_DOUBLE_EQ(sets[0]->at(0), 12.0);
+    EXPECT_DOUBLE_EQ(sets[2]->at(1), 3.0);
+    EXPECT_EQ(sets[3]->label(), "Not logged");
+    EXPECT_DOUBLE_EQ(sets[3]->at(0), 0.0);
+    EXPECT_DOUBLE_EQ(sets[3]->at(1), 6.0);
+
+    emit sets[1]->hovered(true, 0);
+    EXPECT_EQ(w->lblHover->text(), "Relay 2, 2026-11-14: 6.00 h");
+    emit sets[3]->hovered(true, 1);
+    EXPECT_EQ(w->lblHover->text(), "Not logged, 2026-11-15: 6.00 h");
+}
+
+TEST_F(RunTimeHistoryWidgetTest, AClickedBarShowsItsDayWithTheGapShaded) {
+    auto w = Open();
+    auto* series = qobject_cast<QBarSeries*>(w->chvHistory->chart()->series().at(0));
+    emit series->barSets()[0]->clicked(1);
+    EXPECT_EQ(w->dtpDay->date(), QDate(2026, 11, 15));
+    const Timeline& day = w->tlDay->CurrentTimeline();
+    EXPECT_EQ(day.Range.From, d2);
+    ASSERT_EQ(day.Lanes.size(), 8u);
+    EXPECT_EQ(day.Lanes[0].GroupColor, kColors[0]);
+    ASSERT_EQ(day.Lanes[0].On.size(), 1u);
+    EXPECT_EQ(day.Lanes[0].On[0].To, d2 + At(12, 0));
+    ASSERT_EQ(day.Gaps.size(), 1u);
+    EXPECT_EQ(day.Gaps[0].From, d2 + At(18, 0));
+}
+
+TEST_F(RunTimeHistoryWidgetTest, ExportsWriteTheCsvAndThePictures) {
+    auto w = Open();
+    t.dialogs.answers = {dir.File("out.csv"), dir.File("chart.png"), dir.File("day.png"),
+                         std::string("/nonexistent/dir/x.csv")};
+    w->cmdExportCsv->click();
+    w->cmdExportPng->click();
+    w->cmdExportDayPng->click();
+    EXPECT_EQ(dir.Read("out.csv"), HistoryCsv(w->History(), w->Labels()));
+    EXPECT_FALSE(QImage(Q(dir.File("chart.png"))).isNull());
+    EXPECT_FALSE(QImage(Q(dir.File("day.png"))).isNull());
+    EXPECT_TRUE(t.messages.shown.empty());
+    w->cmdExportCsv->click();
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_EQ(t.messages.shown[0].Prompt,
+              "The file could not be written:\r\n/nonexistent/dir/x.csv");
+}
+
+TEST(RunTimeHistoryMenu, ToolMenuEndsWithTheEntryAndItsWindowLeavesTheTickRunning) {
+    TempDir dir;
+    FakeClock clock;
+    clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2};
+    SimulatedPorts ports;
+    {
+        KeyValueStore store(dir.File("store.db"));
+        TestSystem t;
+        t.s.platform.store = &store;
+        t.s.platform.machineDirectory = dir.Path();
+        t.mod().LoggingOnOff = True;
+        t.mod().RunNoBoards = True;
+        t.mod().LogFilePath = dir.Path();
+        t.mod().DataFilePath = dir.Path();
+        ConfigurationSaveToReg(t.s);
+    }
+    VantrellionApp app({dir.Path(), &clock, &ports, nullptr, nullptr});
+    ASSERT_TRUE(app.Main());
+    QMenu* tool = app.MainWindow()->SubMenu("mnuTool");
+    const QList<QAction*> items = tool->actions();
+    ASSERT_GE(items.size(), 2);
+    EXPECT_EQ(items.back()->text(), "Run-time History...");
+    EXPECT_EQ(items.back()->objectName(), "mnuToolRunTimeHistory");
+    EXPECT_EQ(items[items.size() - 2]->text(), "Schedule Preview...");  // no separator between
+
+    items.back()->trigger();
+    auto* window = app.MainWindow()->findChild<frmRunTimeHistory*>("frmRunTimeHistory");
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(window->isModal());
+    EXPECT_TRUE(app.Timer().IsEnabled());
+    items.back()->trigger();  // brings the same window to the front
+    EXPECT_EQ(app.MainWindow()->findChildren<frmRunTimeHistory*>().size(), 1);
+    window->close();
+    QApplication::processEvents();
+    app.MainWindow()->Unload = nullptr;
+}
+
+}  // namespace
+}  // namespace vantrellion::test

@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include "configuration/KeyValueStore.h"
+#include "configuration/modRegAPI.h"
+#include "history/HistoryCommand.h"
+#include "tests/history/HistoryTestSupport.h"
+
+namespace vantrellion::test {
+namespace {
+
+TEST(HistoryCommand, ArgumentsAndTheirRefusals) {
+    struct Case {
+        std::vector<std::string> args;
+        bool ok;
+        const char* dir = "";
+        const char* from = "";
+        const char* csv = "";
+    } cases[] = {
+        {{}, true},
+        {{"/srv/logs", "--from", "2026-11-01", "--csv", "nov.csv"},
+         true,
+         "/srv/logs",
+         "2026-11-01",
+         "nov.csv"},
+        {{"--csv", "a.csv", "logs"}, true, "logs", "", "a.csv"},
+        {{"--from"}, false},
+        {{"--png", ""}, false},
+        {{"--since", "2026-11-01"}, false},
+        {{"a", "b"}, false},
+    };
+    for (const Case& c : cases) {
+        HistoryCommand cmd;
+        std::string error;
+        EXPECT_EQ(ParseHistoryCommand(c.args, cmd, error), c.ok) << error;
+        if (!c.ok) {
+            EXPECT_FALSE(error.empty());
+            continue;
+        }
+        EXPECT_EQ(cmd.LogDirectory, c.dir);
+        EXPECT_EQ(cmd.From, c.from);
+        EXPECT_EQ(cmd.CsvFile, c.csv);
+    }
+}
+
+class HistoryCommandTest : public ::testing::Test {
+  protected:
+    TempDir machine, logs, out;
+    const LocalSeconds today = Day(2026, 11, 23);
+    const LocalSeconds now = today + At(10, 30);
+    std::vector<std::string> pictures;
+    std::string stdOut, stdErr;
+
+    void SetUp() override {
+        for (LocalSeconds d = today - 40 * SecondsPerDay; d <= today; d += SecondsPerDay) {
+            if (d == today - 3 * SecondsPerDay) continue;  // a day without a log
+            WriteDay(logs, d, StateLines(0, 86400, [](int t) {
+                         return Bytes{static_cast<uint8_t>(t < At(9, 0) ? 1 : 0), 0};
+                     }));
+        }
+        // The configured log directory and the name of relay 1.
+        KeyValueStore store(machine.File("store.db"));
+        auto set = [&](const char* name, const std::string& text) {
+            StoredValue v;
+            v.Type = RegTypeText;
+            v.Kind = StoredValue::Data::Text;
+            v.Text = text;
+            store.SetValue(HKEY_LOCAL_MACHINE, "SOFTWARE\\Vantrellion\\Config", name, v);
+        };
+        set("LogFilePath", logs.Path());
+        set("Brd1RNam1", "Lights");
+    }
+
+    int Run(std::vector<std::string> args, bool pngWrites = true) {
+        HistoryCommand c;
+        std::string error;
+        EXPECT_TRUE(ParseHistoryCommand(args, c, error)) << error;
+        stdOut.clear();
+        stdErr.clear();
+        return RunHistoryCommand(
+            c, machine.Path(), now, stdOut, stdErr,
+            [&](const RunTimeHistory& h, const HistoryLabels& l, const std::string& path) {
+                pictures.push_back(path + " " + l.RelayNames[0] + " " +
+                                   std::to_string(h.Days.size()));
+                return pngWrites;
+            });
+    }
+};
+
+TEST_F(HistoryCommandTest, ByDefaultTheLast31DaysOfTheConfiguredLogsAsInTheWindow) {
+    EXPECT_EQ(Run({"--csv", out.File("month.csv"), "--png", out.File("month.png")}), 0);
+    EXPECT_TRUE(stdErr.empty());
+    EXPECT_NE(stdOut.find("Log directory: " + logs.Path()), std::string::npos);
+    EXPECT_NE(stdOut.find("  R1  Lights\n"), std::string::npos);
+    EXPECT_NE(stdOut.find("2026-10-24   9.00"), std::string::npos) << stdOut;
+    EXPECT_NE(stdOut.find("2026-11-20   0.00"), std::string::npos);
+    EXPECT_NE(stdOut.find("no log file"), std::string::npos);
+
+    // The CSV file holds what a reading of the same days gives.
+    HistoryLabels labels = HistoryLabelsFrom(ModRelay{});
+    labels.RelayNames[0] = "Lights";
+    const RunTimeHistory h =
+        ReadRunTimeHistory({logs.Path(), today - 30 * SecondsPerDay, today, now});
+    EXPECT_EQ(out.Read("month.csv"), HistoryCsv(h, labels));
+    ASSERT_EQ(pictures.size(), 1u);
+    EXPECT_EQ(pictures[0], out.File("month.png") + " Lights 31");
+}
+
+TEST_F(HistoryCommandTest, AGivenDirectoryAndRangeAndTheExitStatus) {
+    // A directory given without its closing "/".
+    std::string dir = logs.Path();
+    dir.pop_back();
+    EXPECT_EQ(Run({dir, "--from", "2026-11-01", "--to", "2026-11-02"}), 0);
+    EXPECT_NE(stdOut.find("2026-11-02   9.00"), std::string::npos) << stdOut;
+    EXPECT_EQ(stdOut.find("2026-11-03"), std::string::npos);
+
+    EXPECT_EQ(Run({"--from", "2026-11-31"}), 2);
+    EXPECT_EQ(stdErr, "not a date: 2026-11-31\n");
+    EXPECT_EQ(Run({"--from", "2026-11-05", "--to", "2026-11-04"}), 2);
+    EXPECT_EQ(Run({"--csv", "/nonexistent/dir/a.csv"}), 1);
+    EXPECT_EQ(stdErr, "cannot write /nonexistent/dir/a.csv\n");
+    EXPECT_EQ(Run({"--png", out.File("x.png")}, false), 1);
+}
+
+}  // namespace
+}  // namespace vantrellion::test

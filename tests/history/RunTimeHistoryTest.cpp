@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "history/RunTimeHistory.h"
+#include "tests/history/HistoryTestSupport.h"
+
+namespace vantrellion::test {
+namespace {
+
+// Relay 1 on from 08:00 to 15:00, relay 8 all day, input 2 from 12:00 to 12:30.
+Bytes Pattern(int t) {
+    Bytes b;
+    if (t >= At(8, 0) && t < At(15, 0)) b.relays |= 0x01;
+    b.relays |= 0x80;
+    if (t >= At(12, 0) && t < At(12, 30)) b.inputs |= 0x02;
+    return b;
+}
+
+std::string FullDay() {
+    return StateLines(0, 86400, Pattern);
+}
+
+class RunTimeHistoryTest : public ::testing::Test {
+  protected:
+    TempDir dir;
+    const LocalSeconds d1 = Day(2026, 11, 14), d2 = d1 + 86400, d3 = d2 + 86400;
+};
+
+TEST_F(RunTimeHistoryTest, FullDaysGiveTheirOnTimesIntervalsAndNoGaps) {
+    WriteDay(dir, d1, FullDay());
+    WriteDay(dir, d2, FullDay());
+    const RunTimeHistory h = ReadDays(dir, d1, d2);
+    ASSERT_EQ(h.Days.size(), 2u);
+    EXPECT_EQ(h.Relays, 8);
+    EXPECT_EQ(h.Inputs, 8);
+    for (const HistoryDay& d : h.Days) {
+        EXPECT_TRUE(d.FileFound);
+        EXPECT_EQ(d.RelayOnSeconds[0], 7 * 3600);
+        EXPECT_EQ(d.RelayOnSeconds[7], 86400);
+        EXPECT_EQ(d.RelayOnSeconds[1], 0);
+        EXPECT_EQ(d.InputOnSeconds[1], 1800);
+        EXPECT_EQ(d.KnownSeconds, 86400);
+        EXPECT_EQ(d.GapSeconds, 0);
+    }
+    ASSERT_EQ(h.RelayOn[0].size(), 2u);
+    EXPECT_EQ(h.RelayOn[0][0].From, d1 + At(8, 0));
+    EXPECT_EQ(h.RelayOn[0][0].To, d1 + At(15, 0));
+    // Relay 8 runs across midnight as one interval.
+    ASSERT_EQ(h.RelayOn[7].size(), 1u);
+    EXPECT_EQ(h.RelayOn[7][0].Length(), 2 * 86400);
+    EXPECT_TRUE(h.Gaps.empty());
+    EXPECT_EQ(h.Counts.StateLines, 2 * 1440);
+}
+
+TEST_F(RunTimeHistoryTest, ForeignDamagedAndListingLinesAreCountedAndChangeNoTotal) {
+    // Latin-1 text and CR LF, lines of other writers, the port listing, a cut line and a line
+    // joined to the next, among the state lines of a full day.
+    std::string day = FullDay();
+    auto insertAfter = [&](const std::string& line, const std::string& extra) {
+        const size_t at = day.find(line) + line.size() + 2;
+        day.insert(at, extra);
+    };
+    insertAfter(StateLine(At(9, 0), 0x81, 0),
+                "09:00:17 11/14/2026 Open /home/gr\xFCn/Gew\xE4"
+                "chshaus.run\r\n"
+                "a note typed by hand\r\n"
+                "-------Begin H200-H279----------------------------\r\n"
+                "Decimal: 512 Hex: 200 :1 - 3 - - - - -\r\n"
+                "\r\n");
+    insertAfter(StateLine(At(10, 0), 0x81, 0), "10:00:30 <1 - - -");  // joined to the next
+    insertAfter(StateLine(At(11, 0), 0x81, 0), std::string("\0\0\0\0\r\n", 6));
+    insertAfter(StateLine(At(13, 0), 0x81, 0), "13:00:12 11/14/2026 Save /tmp/a b.run\n");
+
+    WriteDay(dir, d1, day);
+    const RunTimeHistory h = ReadDays(dir, d1, d1);
+    const HistoryDay& d = h.Days[0];
+    EXPECT_EQ(d.RelayOnSeconds[0], 7 * 3600);
+    EXPECT_EQ(d.InputOnSeconds[1], 1800);
+    EXPECT_EQ(d.GapSeconds, 0);
+    // The joined line took the 10:01:00 line with it: 10:00:00 holds until 10:02:00.
+    EXPECT_EQ(h.Counts.StateLines, 1439);
+    EXPECT_EQ(h.Counts.DamagedLines, 2);
+    EXPECT_EQ(h.Counts.ForeignLines, 1);
+    EXPECT_EQ(h.Counts.ListingLines, 2);
+    ASSERT_EQ(h.Events.size(), 2u);
+    EXPECT_EQ(h.Events[0].At, d1 + At(9, 0, 17));
+    EXPECT_EQ(h.Events[0].First, "Open");
+    EXPECT_EQ(h.Events[0].Second,
+              "/home/gr\xFCn/Gew\xE4"
+              "chshaus.run");
+    EXPECT_EQ(h.Events[1].Second, "/tmp/a b.run");
+}
+
+TEST_F(RunTimeHistoryTest, AMissingDayAndACrashAreGapsAndTheOtherTotalsStand) {
+    WriteDay(dir, d1, FullDay());
+    // Day 2 has no file. Day 3: a crash after the 10:00 line, the restart at 10:30:12 writes
+    // its event line, the state lines go on from 10:31.
+    WriteDay(dir, d3,
+             StateLines(0, At(10, 1), Pattern) + "10:30:12 11/16/2026 ReStart ****** System " +
+                 "Crashed & Restarted ******\r\n" + StateLines(At(10, 31), 86400, Pattern));
+    const RunTimeHistory h = ReadDays(dir, d1, d3);
+    ASSERT_EQ(h.Days.size(), 3u);
+    EXPECT_EQ(h.Days[0].RelayOnSeconds[0], 7 * 3600);
+    EXPECT_EQ(h.Days[0].GapSeconds, 0);
+
+    EXPECT_FALSE(h.Days[1].FileFound);
+    EXPECT_EQ(h.Days[1].GapSeconds, 86400);
+    EXPECT_EQ(h.Days[1].RelayOnSeconds[7], 0);
+
+    const HistoryDay& crash = h.Days[2];
+    EXPECT_EQ(crash.Restarts, 1);
+    EXPECT_EQ(crash.GapSeconds, 30 * 60);  // the 10:00 line holds one minute
+    EXPECT_EQ(crash.RelayOnSeconds[0], 7 * 3600 - 30 * 60);
+    EXPECT_EQ(crash.RelayOnSeconds[7], 86400 - 30 * 60);
+    EXPECT_EQ(h.Counts.FilesRead, 2);
+    EXPECT_EQ(h.Counts.FilesMissing, 1);
+
+    ASSERT_EQ(h.Gaps.size(), 2u);
+    EXPECT_EQ(h.Gaps[0].From, d2);  // the 23:59 line of day 1 held until midnight
+    EXPECT_EQ(h.Gaps[0].To, d3);
+    EXPECT_EQ(h.Gaps[1].From, d3 + At(10, 1));
+    EXPECT_EQ(h.Gaps[1].To, d3 + At(10, 31));
+}
+
+TEST_F(RunTimeHistoryTest, LinesAMinuteApartWithJitterLeaveNoGapAndALongPauseDoes) {
+    // The first tick of a minute comes at its second 0 or 1; lines may also be 59 or 61
+    // seconds apart. A pause of the tick for five minutes leaves a gap of four.
+    std::string day;
+    for (int m = 0; m < 60; ++m)
+        day += StateLine(At(6, m, m % 2), 0x01, 0) + "\r\n";
+    day += StateLine(At(7, 4, 0), 0x01, 0) + "\r\n";
+    WriteDay(dir, d1, day);
+    const RunTimeHistory h = ReadDays(dir, d1, d1);
+    ASSERT_EQ(h.Gaps.size(), 3u);
+    EXPECT_EQ(h.Gaps[0].To, d1 + At(6, 0));
+    EXPECT_EQ(h.Gaps[1].From, d1 + At(7, 0, 1));  // the 06:59:01 line holds 60 seconds
+    EXPECT_EQ(h.Gaps[1].To, d1 + At(7, 4));
+    EXPECT_EQ(h.Gaps[2].From, d1 + At(7, 5));
+    EXPECT_EQ(h.Days[0].RelayOnSeconds[0], 3601 + 60);
+}
+
+TEST_F(RunTimeHistoryTest, AClockSetBackSkipsTheRepeatedLines) {
+    // The clock goes back an hour at 03:00: the lines from 02:00 to 02:59 come twice.
+    WriteDay(dir, d1, StateLines(0, At(3, 0), Pattern) + StateLines(At(2, 0), 86400, Pattern));
+    const RunTimeHistory h = ReadDays(dir, d1, d1);
+    EXPECT_EQ(h.Counts.OutOfOrderLines, 60);
+    EXPECT_EQ(h.Days[0].KnownSeconds, 86400);
+    EXPECT_EQ(h.Days[0].RelayOnSeconds[7], 86400);
+}
+
+TEST_F(RunTimeHistoryTest, PartialFirstAndLastDays) {
+    // Logging began at 10:00 on the first day; the last day is today, read at 12:00:30.
+    WriteDay(dir, d1, StateLines(At(10, 0), 86400, Pattern));
+    WriteDay(dir, d2, StateLines(0, At(12, 1), Pattern));
+    const RunTimeHistory h = ReadDays(dir, d1, d2, d2 + At(12, 0, 30));
+    EXPECT_EQ(h.Range.To, d2 + At(12, 0, 30));
+    EXPECT_EQ(h.Days[0].GapSeconds, 10 * 3600);
+    EXPECT_EQ(h.Days[0].RelayOnSeconds[0], 5 * 3600);
+    EXPECT_EQ(h.Days[1].GapSeconds, 0);  // nothing after now is missing
+    EXPECT_EQ(h.Days[1].KnownSeconds, At(12, 0, 30));
+    EXPECT_EQ(h.Days[1].RelayOnSeconds[0], 4 * 3600 + 30);
+}
+
+TEST_F(RunTimeHistoryTest, TheDayBeforeTheRangeGivesTheStatesAtTheFirstMidnight) {
+    WriteDay(dir, d1, StateLines(At(23, 0), 86400, Pattern));
+    // The first line of day 2 comes a second after midnight.
+    WriteDay(dir, d2, StateLines(At(0, 0, 1), At(1, 0), Pattern));
+    const RunTimeHistory h = ReadDays(dir, d2, d2);
+    EXPECT_EQ(h.Days[0].Start, d2);
+    EXPECT_EQ(h.Gaps.front().From, d2 + At(1, 0, 1));
+    EXPECT_EQ(h.Days[0].KnownSeconds, At(1, 0, 1));
+    EXPECT_EQ(h.Counts.StateLines, 60);  // the day before is read, not counted
+}
+
+TEST_F(RunTimeHistoryTest, UnreadableAndOddFilesAreMissingDaysNeverAHang) {
+    // A directory, a pipe without a writer and an unreadable file by the names of days.
+    ASSERT_EQ(::mkdir(dir.File(LogFileNameOfDay(d1)).c_str(), 0755), 0);
+    ASSERT_EQ(::mkfifo(dir.File(LogFileNameOfDay(d2)).c_str(), 0644), 0);
+    WriteDay(dir, d3, FullDay());
+    ::chmod(dir.File(LogFileNameOfDay(d3)).c_str(), 0);
+    const bool root = ::geteuid() == 0;
+    const RunTimeHistory h = ReadDays(dir, d1, d3);
+    EXPECT_FALSE(h.Days[0].FileFound);
+    EXPECT_FALSE(h.Days[1].FileFound);
+    EXPECT_EQ(h.Days[2].FileFound, root);
+    EXPECT_EQ(h.Days[0].GapSeconds, 86400);
+}
+
+TEST_F(RunTimeHistoryTest, ALastLineWithoutItsLineEndCountsWhenWholeAndLFOnlyFilesRead) {
+    std::string day;
+    for (int m = 0; m < 10; ++m)
+        day += StateLine(At(5, m), 0x02, 0) + "\n";
+    WriteDay(dir, d1, day + StateLine(At(5, 10), 0x02, 0));
+    WriteDay(dir, d2, day + "05:10:00 <- 2 - -");
+    const RunTimeHistory h = ReadDays(dir, d1, d2);
+    EXPECT_EQ(h.Days[0].RelayOnSeconds[1], 11 * 60);
+    EXPECT_EQ(h.Days[1].RelayOnSeconds[1], 10 * 60);
+    EXPECT_EQ(h.Counts.DamagedLines, 1);
+}
+
+}  // namespace
+}  // namespace vantrellion::test
