@@ -8,16 +8,16 @@
 
 #include "boardio/LibraryPorts.h"
 #include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/screens/ConfigurationCommands.h"
 #include "configuration/clsWin32Version.h"
+#include "configuration/screens/ConfigurationCommands.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
-#include "mainscreen/MainScreenLifecycle.h"
 #include "desktop/EventGuard.h"
 #include "desktop/RowEvents.h"
 #include "desktop/ShowConfigForms.h"
 #include "engine/Tick.h"
+#include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "runfile/FileCommands.h"
 
@@ -26,6 +26,8 @@ namespace vantrellion {
 VantrellionApp::VantrellionApp(Options o) {
     Platform& p = s_.platform;
     p.machineDirectory = o.machineDirectory;
+    p.documentsDirectory = o.documentsDirectory.empty() ? o.machineDirectory : o.documentsDirectory;
+    qtDialogs_.startDirectory = p.documentsDirectory;
     p.clock = o.clock ? o.clock : &qtClock_;
     p.timer = &timer_;
     p.pump = &pump_;
@@ -46,6 +48,40 @@ VantrellionApp::VantrellionApp(Options o) {
 VantrellionApp::~VantrellionApp() {
     timer_.SetEnabled(false);
     main_.reset();
+    CloseSplash();
+}
+
+namespace {
+
+// Start-up's boxes and screens (the configuration questions and screens, the older-version
+// boxes, a restart file's boxes, file dialogs) open while the splash is up. Each is raised
+// above the splash and given the focus as it is shown, whatever the window manager's rules
+// for a splash, so that the user sees and can answer it.
+class SplashGuard : public QObject {
+  public:
+    explicit SplashGuard(QWidget* splash) : splash_(splash) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            auto* w = qobject_cast<QWidget*>(watched);
+            if (w && w->isWindow() && w != splash_) {
+                w->raise();
+                w->activateWindow();
+            }
+        }
+        return false;
+    }
+
+  private:
+    QWidget* splash_;
+};
+
+}  // namespace
+
+void VantrellionApp::CloseSplash() {
+    if (splashGuard_) qApp->removeEventFilter(splashGuard_.get());
+    splashGuard_.reset();
     splash_.reset();
 }
 
@@ -70,6 +106,8 @@ bool VantrellionApp::Main() {
             s_.Message({std::string("You are attempting to run more then one copy of ") + AppTitle +
                         " , Doing so will cause unreliable performance."});
         splash_ = std::make_unique<frmSplash>();  // 4
+        splashGuard_ = std::make_unique<SplashGuard>(splash_.get());
+        qApp->installEventFilter(splashGuard_.get());
         splash_->show();
         splash_->repaint();
         QCoreApplication::processEvents();
@@ -79,7 +117,7 @@ bool VantrellionApp::Main() {
         }
         if (splash_) splash_->repaint();  // 6
         CreateMainScreen();
-        splash_.reset();  // 7
+        CloseSplash();  // 7
         return true;
     } catch (const FatalError& e) {
         ShowMainErrorMessage(e.what(), e.Number(), e.Source());
@@ -108,6 +146,9 @@ void VantrellionApp::CreateMainScreen() {
     };
     WireRowEvents(*main_, s_);
     WireMenus();
+    // tmrCheckTime runs from the main screen's creation: a tick that fires while a box of the
+    // load waits does its work, and its closing resume holds the timer off until the load ends.
+    timer_.SetEnabled(true);
     RunOrEnd(s_, [this] {
         Form_Initialize(s_);
         Form_Load(s_);
@@ -141,7 +182,7 @@ void VantrellionApp::WireMenus() {
 }
 
 void VantrellionApp::UnloadAllForms() {
-    splash_.reset();
+    CloseSplash();
     if (main_) {
         timer_.SetEnabled(false);
         main_->hide();

@@ -2,9 +2,9 @@
 
 #include <functional>
 
-#include "configuration/screens/ConfigurationCommands.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
+#include "configuration/screens/ConfigurationCommands.h"
 #include "logging/LogFilePathChoice.h"
 #include "support/Fakes.h"
 #include "support/TempStore.h"
@@ -132,6 +132,8 @@ TEST_F(ConfigurationCommands, RemovalAsksAndCancelLeavesTheTickStopped) {
 
 TEST(LogFilePathChoice, TheChosenDirectoryAlwaysEndsInASeparator) {
     TestSystem t;
+    t.s.modRelay.LogFilePath = "";
+    EXPECT_EQ(LogFilePathStartDirectory(t.s), test::kDocuments);
     for (const auto& [chosen, stored] : {std::pair{"/var/log", "/var/log/"}, std::pair{"/", "/"},
                                          std::pair{"", "/"}}) {  // empty: nothing changes
         SelectLogFilePath(t.s, chosen);
