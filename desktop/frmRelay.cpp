@@ -359,6 +359,8 @@ void frmRelay::FitClockPanel() {
     // Panel 2 holds the tick's clock: fixed to the width of "00:00:00" in its font, so that
     // a new time repaints the panel alone and never re-lays out the status bar and the window.
     QLabel* clock = StatusPanel[1];
+    // Opaque, so that its repaint does not repaint the status bar beneath it.
+    clock->setAutoFillBackground(true);
     const int margin = 2 * clock->frameWidth() + 6;
     const int width =
         std::max(60, clock->fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) + margin);

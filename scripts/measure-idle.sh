@@ -50,7 +50,7 @@ awk '/VmRSS/ { printf "resident memory: %.1f MB\n", $2 / 1024 }' "/proc/$program
 
 # System calls per tick, over a minute.
 timeout -s INT 60 strace -c -f -p "$program" -o "$work/strace.txt" >/dev/null 2>&1 || true
-total=$(awk '$NF == "total" { print $(NF-2) }' "$work/strace.txt")
+total=$(awk '$NF == "total" { print $4 }' "$work/strace.txt")
 awk -v t="$total" -v n="$(ticks 60)" \
     'BEGIN { printf "system calls: %.1f per tick (%d in 60 s)\n", t / n, t }'
 kill "$program"

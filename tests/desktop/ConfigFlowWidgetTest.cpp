@@ -286,5 +286,25 @@ TEST_F(LogDirectoryChooser, BrowseOpensOnTheNearestDirectoryAndSelectAddsTheSepa
     EXPECT_EQ(w.Boards->txtLogFilePath->text().toStdString(), Daily() + "/");
 }
 
+// A log directory below many others: the chooser opens with it in view, once the tree has
+// read the directories around it.
+TEST_F(LogDirectoryChooser, OpensScrolledToThePresentDirectory) {
+    QDir base(QString::fromStdString(logs.Path()));
+    for (int n = 0; n < 80; ++n)
+        base.mkpath(QString("a%1").arg(n, 2, 10, QChar('0')));
+    base.mkpath("zz/present");
+    t.mod().LogFilePath = logs.Path() + "zz/present/";
+    frmLogFilePath chooser(t.s);
+    chooser.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&chooser));
+    const auto inView = [&] {
+        const QRect row = chooser.Dir1->visualRect(chooser.Dir1->currentIndex());
+        return !row.isEmpty() && chooser.Dir1->viewport()->rect().contains(row.center());
+    };
+    QTest::qWait(500);  // the tree reads the directories in the background
+    EXPECT_TRUE(QTest::qWaitFor(inView, 3000));
+    EXPECT_EQ(chooser.ChosenPath, logs.Path() + "zz/present");
+}
+
 }  // namespace
 }  // namespace vantrellion::test
