@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QFileInfo>
 #include <QTest>
 #include <memory>
 
@@ -277,6 +278,20 @@ TEST_F(ProgramTest, StartUpBoxesAndScreensStandAboveTheSplash) {
         EXPECT_TRUE(s.onTop) << s.name.toStdString();
     }
     EXPECT_EQ(app->Splash(), nullptr);
+}
+
+// The data directory is the user's documents folder, created when missing; a test's home is
+// a scratch directory.
+TEST(UserDocumentsDirectory, IsTheDocumentsFolderOfHomeAndIsCreated) {
+    TempDir home;
+    const QByteArray oldHome = qgetenv("HOME"), oldConfig = qgetenv("XDG_CONFIG_HOME");
+    qputenv("HOME", QByteArray::fromStdString(home.Path()));
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(home.Path() + "config"));
+    const std::string documents = UserDocumentsDirectory();
+    qputenv("HOME", oldHome);
+    qputenv("XDG_CONFIG_HOME", oldConfig);
+    EXPECT_EQ(documents, home.Path() + "Documents/");
+    EXPECT_TRUE(QFileInfo(QString::fromStdString(documents)).isDir());
 }
 
 // The splash closes on a key press or a click, also while the start-up goes on.
