@@ -1,5 +1,4 @@
 #include "configuration/ConfigurationValueNames.h"
-#include "configuration/ProgramLocation.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 
@@ -32,7 +31,7 @@ int32_t ConfigurationSaveToReg(System& s) {
     Write(s, "LogFilePath", m.LogFilePath);
     if (m.LogFileName.empty()) m.LogFileName = DefaultLogFileName;
     Write(s, "LogFileName", m.LogFileName);
-    if (m.DataFilePath.empty()) m.DataFilePath = ProgramDirectory();
+    if (m.DataFilePath.empty()) m.DataFilePath = s.platform.documentsDirectory;
     Write(s, "DataFilePath", m.DataFilePath);
     if (m.DataFileName.empty()) m.DataFileName = DefaultDataFileName;
     Write(s, "DataFileName", m.DataFileName);

@@ -37,6 +37,7 @@ enum class Control {
     mnuDev,
     mnuHelpTimeWin,
 };
+inline constexpr int kControlCount = static_cast<int>(Control::mnuHelpTimeWin) + 1;
 
 class MainScreenView {
   public:

@@ -88,6 +88,10 @@ struct FrmRelay {
     // The proportional resize of the rows, made at load and dropped at unload.
     std::shared_ptr<clsResizeFormCntls> ResizeFormCntls;
 
+    // Set once a close of the main screen goes on: a tick whose yield ran the close stops
+    // there, so it neither writes the relays again nor turns the timer back on.
+    Flag UnloadStarted = 0;
+
     Flag AutoRestarted = 0;     // the schedule in memory came from the restart file
     Flag RestartDisabled = 0;   // writing the restart file failed; no retry until New or Open
     int16_t LastLogMinute = 0;  // minute number of the last state line written to the log
@@ -107,6 +111,10 @@ struct Platform {
     // The per-user machine directory, with its trailing "/": restart file, store, default log
     // directory. Tests point it at a temporary directory.
     std::string machineDirectory;
+    // The user's documents folder, with its trailing "/": where the file dialogs start and
+    // Run Files go until the user picks another place. Never the program's own folder, which
+    // an installed program cannot write to. The desktop layer finds and creates it.
+    std::string documentsDirectory;
     // The key/value store (store.db in the machine directory), made by whoever builds the
     // System; without one every key reads as missing and every write is refused.
     KeyValueStore* store = nullptr;

@@ -61,6 +61,9 @@ bool QtFormControl::Write(Geometry g, double value) {
             r.setHeight(px);
             break;
     }
+    // The row controls have a fixed size, so that a new caption lays out nothing; scaling
+    // moves that fixed size along with the control.
+    if (w_->minimumSize() == w_->maximumSize()) w_->setFixedSize(r.size());
     w_->setGeometry(r);
     return true;
 }

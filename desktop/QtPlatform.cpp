@@ -3,11 +3,12 @@
 #include <time.h>
 
 #include <QApplication>
-#include <QDateTime>
+#include <QDir>
 #include <QFileDialog>
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QTimer>
 
@@ -19,13 +20,27 @@ namespace vantrellion {
 // QT_LOGGING_RULES="qt.vantrellion.messagebox=true").
 Q_LOGGING_CATEGORY(lcMessageBox, "qt.vantrellion.messagebox", QtWarningMsg)
 
+QtClock::QtClock() {
+    tzset();
+}
+
 DateTime QtClock::Now() {
-    const QDateTime now = QDateTime::currentDateTime();
-    const QDate d = now.date();
-    const QTime t = now.time();
-    // Qt counts Monday = 1 to Sunday = 7; the system counts Sunday = 1 to Saturday = 7.
-    return DateTime{
-        d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second(), d.dayOfWeek() % 7 + 1};
+    timespec ts{};
+    clock_gettime(CLOCK_REALTIME, &ts);
+    if (ts.tv_sec == second_) return now_;
+    second_ = ts.tv_sec;
+    const time_t seconds = ts.tv_sec;
+    tm local{};
+    localtime_r(&seconds, &local);  // uses the zone as loaded; no look at the zone file
+    if (local.tm_hour != zoneHour_) {
+        tzset();
+        localtime_r(&seconds, &local);
+        zoneHour_ = local.tm_hour;
+    }
+    // tm counts Sunday = 0; the system counts Sunday = 1 to Saturday = 7.
+    now_ = DateTime{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,    local.tm_hour,
+                    local.tm_min,         local.tm_sec,     local.tm_wday + 1};
+    return now_;
 }
 
 int32_t QtClock::GetTickCount() {
@@ -156,16 +171,21 @@ QString QtFilterFromSystemFilter(const std::string& filter) {
     for (int n = 0; n + 1 < parts.size(); n += 2) {
         QString patterns = parts[n + 1];
         patterns.replace(';', ' ');
-        entries << parts[n].trimmed() + " (" + patterns + ")";
+        // The system's labels already name their patterns ("Run File (*.run)"): Qt shows
+        // the label as it stands and reads the patterns from it, so they are added only to
+        // a label without them.
+        const QString label = parts[n].trimmed();
+        entries << (label.endsWith("(" + patterns + ")") ? label : label + " (" + patterns + ")");
     }
     return entries.join(";;");
 }
 
 namespace {
 
-std::optional<std::string> RunDialog(const FileDialogRequest& r, QFileDialog::AcceptMode mode) {
-    QFileDialog dialog(nullptr, Q(r.Title), Q(r.InitialDirectory),
-                       QtFilterFromSystemFilter(r.Filter));
+std::optional<std::string> RunDialog(const FileDialogRequest& r, QFileDialog::AcceptMode mode,
+                                     const std::string& startDirectory) {
+    const std::string& directory = r.InitialDirectory.empty() ? startDirectory : r.InitialDirectory;
+    QFileDialog dialog(nullptr, Q(r.Title), Q(directory), QtFilterFromSystemFilter(r.Filter));
     dialog.setAcceptMode(mode);
     dialog.setOption(QFileDialog::DontUseNativeDialog, true);
     if (mode == QFileDialog::AcceptOpen) {
@@ -182,11 +202,19 @@ std::optional<std::string> RunDialog(const FileDialogRequest& r, QFileDialog::Ac
 }  // namespace
 
 std::optional<std::string> QtFileDialogs::ShowOpen(const FileDialogRequest& r) {
-    return RunDialog(r, QFileDialog::AcceptOpen);
+    return RunDialog(r, QFileDialog::AcceptOpen, startDirectory);
 }
 
 std::optional<std::string> QtFileDialogs::ShowSave(const FileDialogRequest& r) {
-    return RunDialog(r, QFileDialog::AcceptSave);
+    return RunDialog(r, QFileDialog::AcceptSave, startDirectory);
+}
+
+std::string UserDocumentsDirectory() {
+    QString path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (path.isEmpty()) path = QDir::homePath();
+    QDir().mkpath(path);
+    if (!path.endsWith('/')) path += '/';
+    return S(path);
 }
 
 }  // namespace vantrellion

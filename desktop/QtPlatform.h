@@ -10,11 +10,21 @@
 
 namespace vantrellion {
 
+// The system's clock in local time. The time zone is loaded at the start and again at each
+// new hour (so a change of the machine's zone shows within the hour), and the local date and
+// time are worked out once per second: the several reads of one tick cost no system call and
+// all see the same second.
 class QtClock : public Clock {
   public:
+    QtClock();
     DateTime Now() override;
     // Milliseconds since boot, 32 bits read as signed: wraps negative after 2^31 ms.
     int32_t GetTickCount() override;
+
+  private:
+    int64_t second_ = -1;  // the second since the epoch that now_ stands for
+    int zoneHour_ = -1;    // the local hour at which the time zone was last loaded
+    DateTime now_;
 };
 
 // tmrCheckTime: a 900 ms single-thread timer. Enabling it restarts the count, so the interval
@@ -46,11 +56,17 @@ class QtMessageBoxes : public MessageBoxes {
 
 class QtFileDialogs : public FileDialogs {
   public:
+    // Where a dialog starts when the request names no directory: the user's documents
+    // folder, never the process's working directory.
+    std::string startDirectory;
     std::optional<std::string> ShowOpen(const FileDialogRequest& request) override;
     std::optional<std::string> ShowSave(const FileDialogRequest& request) override;
 };
 
 // "Run File (*.run)|*.run|Text File (*.txt)|*.txt" as Qt's "Run File (*.run);;Text File (*.txt)".
 QString QtFilterFromSystemFilter(const std::string& filter);
+
+// The user's documents folder with a trailing "/", created if missing.
+std::string UserDocumentsDirectory();
 
 }  // namespace vantrellion

@@ -33,6 +33,8 @@ namespace vantrellion {
 VantrellionApp::VantrellionApp(Options o) {
     Platform& p = s_.platform;
     p.machineDirectory = o.machineDirectory;
+    p.documentsDirectory = o.documentsDirectory.empty() ? o.machineDirectory : o.documentsDirectory;
+    qtDialogs_.startDirectory = p.documentsDirectory;
     p.clock = o.clock ? o.clock : &qtClock_;
     p.timer = &timer_;
     p.pump = &pump_;
@@ -56,11 +58,41 @@ VantrellionApp::~VantrellionApp() {
     s_.platform.recentFiles = nullptr;
     recentFiles_.reset();
     main_.reset();
-    splash_.reset();
+    CloseSplash();
     RegisterFormPositionSystem(nullptr);
 }
 
-void VantrellionApp::UnloadSplash() {
+namespace {
+
+// Start-up's boxes and screens (the configuration questions and screens, the older-version
+// boxes, a restart file's boxes, file dialogs) open while the splash is up. Each is raised
+// above the splash and given the focus as it is shown, whatever the window manager's rules
+// for a splash, so that the user sees and can answer it.
+class SplashGuard : public QObject {
+  public:
+    explicit SplashGuard(QWidget* splash) : splash_(splash) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            auto* w = qobject_cast<QWidget*>(watched);
+            if (w && w->isWindow() && w != splash_) {
+                w->raise();
+                w->activateWindow();
+            }
+        }
+        return false;
+    }
+
+  private:
+    QWidget* splash_;
+};
+
+}  // namespace
+
+void VantrellionApp::CloseSplash() {
+    if (splashGuard_) qApp->removeEventFilter(splashGuard_.get());
+    splashGuard_.reset();
     if (splash_) SaveFormPosition(s_, *splash_);
     splash_.reset();
 }
@@ -87,6 +119,8 @@ bool VantrellionApp::Main() {
                         " , Doing so will cause unreliable performance."});
         splash_ = std::make_unique<frmSplash>();  // 4
         RestoreFormPosition(s_, *splash_);
+        splashGuard_ = std::make_unique<SplashGuard>(splash_.get());
+        qApp->installEventFilter(splashGuard_.get());
         splash_->show();
         splash_->repaint();
         QCoreApplication::processEvents();
@@ -96,7 +130,7 @@ bool VantrellionApp::Main() {
         }
         if (splash_) splash_->repaint();  // 6
         CreateMainScreen();
-        UnloadSplash();  // 7
+        CloseSplash();  // 7
         return true;
     } catch (const FatalError& e) {
         ShowMainErrorMessage(e.what(), e.Number(), e.Source());
@@ -129,6 +163,9 @@ void VantrellionApp::CreateMainScreen() {
     recentFiles_->Show();
     WireRowEvents(*main_, s_);
     WireMenus();
+    // tmrCheckTime runs from the main screen's creation: a tick that fires while a box of the
+    // load waits does its work, and its closing resume holds the timer off until the load ends.
+    timer_.SetEnabled(true);
     RunOrEnd(s_, [this] {
         Form_Initialize(s_);
         Form_Load(s_);
@@ -164,7 +201,7 @@ void VantrellionApp::WireMenus() {
 }
 
 void VantrellionApp::UnloadAllForms() {
-    UnloadSplash();
+    CloseSplash();
     if (main_) {
         timer_.SetEnabled(false);
         main_->hide();

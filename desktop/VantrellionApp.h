@@ -26,6 +26,8 @@ class VantrellionApp {
         Ports* ports = nullptr;            // the port library when null
         MessageBoxes* messages = nullptr;  // Qt's message boxes when null
         FileDialogs* dialogs = nullptr;    // Qt's file dialogs when null
+        // The user's documents folder, with its trailing "/"; the machine directory when empty.
+        std::string documentsDirectory;
     };
     explicit VantrellionApp(Options options);
     ~VantrellionApp();
@@ -44,8 +46,9 @@ class VantrellionApp {
 
   private:
     void CreateMainScreen();
+    // Closes the splash and stores its place.
+    void CloseSplash();
     void WireMenus();
-    void UnloadSplash();
     void ShowMainErrorMessage(const std::string& description, int number,
                               const std::string& source);
 
@@ -62,6 +65,8 @@ class VantrellionApp {
     DesktopConfigurationScreens firstRun_{s_};
     std::unique_ptr<InstanceLock> instanceLock_;
     std::unique_ptr<frmSplash> splash_;
+    // While the splash is up, raises every other window that start-up opens above it.
+    std::unique_ptr<QObject> splashGuard_;
     std::unique_ptr<frmRelay> main_;
     std::unique_ptr<RecentFilesMenu> recentFiles_;
 };

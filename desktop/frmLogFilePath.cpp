@@ -75,6 +75,9 @@ frmLogFilePath::frmLogFilePath(System& s, QWidget* parent) : QDialog(parent), s_
         accept();
     });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { reject(); });
+    // The model reads directories in the background: the present directory can be scrolled
+    // into view only once its parents are read, and again once the window has its size.
+    connect(model_, &QFileSystemModel::directoryLoaded, this, [this] { ScrollToCurrent(); });
 
     SetDir1Path(Q(LogFilePathStartDirectory(s_)));
     Dir1_Change();
@@ -86,6 +89,16 @@ void frmLogFilePath::SetDir1Path(const QString& path) {
     Dir1->setCurrentIndex(index);
     Dir1->expand(index);
     Dir1->scrollTo(index);
+}
+
+void frmLogFilePath::ScrollToCurrent() {
+    if (Dir1->currentIndex().isValid())
+        Dir1->scrollTo(Dir1->currentIndex(), QAbstractItemView::PositionAtCenter);
+}
+
+void frmLogFilePath::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    ScrollToCurrent();
 }
 
 QString frmLogFilePath::Dir1Path() const {

@@ -31,8 +31,12 @@ class frmLogFilePath : public QDialog {
     void SetDir1Path(const QString& path);
     QString Dir1Path() const;
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void Dir1_Change();
+    void ScrollToCurrent();
 
     System& s_;
     QFileSystemModel* model_;

@@ -4,6 +4,10 @@
 #include <QImageReader>
 #include <QMenuBar>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QVBoxLayout>
+#include <cmath>
 
 #include "configuration/clsExeOrIDE.h"
 #include "core/clsResizeFormCntls.h"
@@ -34,28 +38,58 @@ constexpr Rect kCounter{6240, 315, 720, 270};
 constexpr Rect kHardStop{7020, 45, 480, 480};
 constexpr int kFrameWidth = 7575, kFrameHeight = 615;
 
+// A control of fixed size: a new caption repaints it and lays out nothing, since Qt asks for
+// a layout pass only for a widget whose size may follow its contents.
 void Place(QWidget* w, const Rect& r, int left = -1) {
-    w->setGeometry(Px(left < 0 ? r.left : left), Px(r.top), Px(r.width), Px(r.height));
+    w->move(Px(left < 0 ? r.left : left), Px(r.top));
+    w->setFixedSize(Px(r.width), Px(r.height));
 }
 
-// Sets one colour role, and only when it changes: no re-polish, no repaint for nothing.
-void SetRoleColor(QWidget* w, QPalette::ColorRole role, Color c) {
-    const QColor color = ToQColor(c);
-    if (w->palette().color(role) == color && w->autoFillBackground()) return;
+// A stopped row disables its code field and three labels. The style's disabled text is a
+// faint grey that vanishes on many of the row's colours: a disabled text is black or white,
+// whichever stands out more against the control's background.
+void SetDisabledTextFor(QPalette& pal, const QColor& background) {
+    const auto linear = [](double v) {
+        return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    const double luminance = 0.2126 * linear(background.redF()) +
+                             0.7152 * linear(background.greenF()) +
+                             0.0722 * linear(background.blueF());
+    // Black wins where (L + 0.05) / 0.05 > 1.05 / (L + 0.05).
+    const QColor text = luminance > 0.179 ? Qt::black : Qt::white;
+    pal.setColor(QPalette::Disabled, QPalette::WindowText, text);
+    pal.setColor(QPalette::Disabled, QPalette::Text, text);
+}
+
+// Sets one colour role, and only when it differs from the last colour set on the control:
+// no palette query, no re-polish, no repaint for nothing.
+void SetRoleColor(QWidget* w, QPalette::ColorRole role, Color c, int64_t& last) {
+    if (last == c) return;
+    last = c;
     QPalette pal = w->palette();
-    pal.setColor(role, color);
+    pal.setColor(role, ToQColor(c));
+    SetDisabledTextFor(pal, ToQColor(c));
     w->setPalette(pal);
     w->setAutoFillBackground(true);
 }
 
-void SetCaption(QLabel* l, const std::string& text) {
-    const QString q = Q(text);
-    if (l->text() != q) l->setText(q);
+// Sets a caption or a field's text when it differs from the last one set; the comparison
+// needs no conversion to Qt's text.
+void SetCaption(QLabel* l, const std::string& text, std::string& last) {
+    if (last == text) return;
+    last = text;
+    l->setText(Q(text));
 }
 
 void SetFieldText(QLineEdit* e, const std::string& text) {
     const QString q = Q(text);
     if (e->text() != q) e->setText(q);
+}
+
+void KeepDisabledTextLegible(QWidget* w, QPalette::ColorRole background) {
+    QPalette pal = w->palette();
+    SetDisabledTextFor(pal, pal.color(QPalette::Disabled, background));
+    w->setPalette(pal);
 }
 
 QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption) {
@@ -64,6 +98,7 @@ QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption) 
     l->setAlignment(Qt::AlignCenter);
     l->setFrameShape(QFrame::Panel);
     l->setFrameShadow(QFrame::Sunken);
+    KeepDisabledTextLegible(l, QPalette::Window);
     return l;
 }
 
@@ -72,14 +107,16 @@ QLineEdit* MakeField(QWidget* parent, const QString& name) {
     e->setObjectName(name);
     // The fields are a few pixels high and wide: give the style's inner margin to the text.
     e->setTextMargins(-2, -1, -2, -1);
+    KeepDisabledTextLegible(e, QPalette::Base);
     return e;
 }
 
 }  // namespace
 
-void OnOffLight::SetColor(const QColor& c) {
-    if (c == color_) return;
-    color_ = c;
+void OnOffLight::SetColor(Color c) {
+    if (c == shown_) return;
+    shown_ = c;
+    color_ = ToQColor(c);
     update();
 }
 
@@ -92,6 +129,8 @@ void OnOffLight::paintEvent(QPaintEvent*) {
 
 frmRelay::frmRelay(System& s, QWidget* parent) : QMainWindow(parent), s_(s) {
     setObjectName("frmRelay");
+    stateCaptions_.fill(std::string(1, '\0'));
+    inputCaptions_.fill(std::string(1, '\0'));
     BuildRows();
     BuildMenus();
     BuildStatusBar();
@@ -336,6 +375,19 @@ void frmRelay::BuildStatusBar() {
         StatusPanel[n]->setMinimumWidth(n == 4 ? 120 : 60);
         StatusBar1->addPermanentWidget(StatusPanel[n], stretch[n]);
     }
+    FitClockPanel();
+}
+
+void frmRelay::FitClockPanel() {
+    // Panel 2 holds the tick's clock: fixed to the width of "00:00:00" in its font, so that
+    // a new time repaints the panel alone and never re-lays out the status bar and the window.
+    QLabel* clock = StatusPanel[1];
+    // Opaque, so that its repaint does not repaint the status bar beneath it.
+    clock->setAutoFillBackground(true);
+    const int margin = 2 * clock->frameWidth() + 6;
+    const int width =
+        std::max(60, clock->fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) + margin);
+    clock->setFixedSize(width, clock->fontMetrics().height() + 2 * clock->frameWidth());
 }
 
 QAction* frmRelay::Menu(const QString& name, int index) const {
@@ -409,51 +461,132 @@ void frmRelay::ApplyRunTimeFonts() {
                 edit->setMaxLength(e.maxLength);
         }
     }
+    FitRowFonts();
+    FitClockPanel();
+}
+
+const std::vector<RowCaptions>& RowCaptionsByControl() {
+    // The widest texts each row control can show: the engine's status words, clock times of
+    // eight characters, counts, and names and days as long as their fields take them.
+    static const std::vector<RowCaptions> kCaptions = {
+        {"lblTotalTime",
+         {"00:00:00", "88:88:88", "Over24hr", ">Manual<", ">Invr-Man<", " Invert ", "> STOP <",
+          "Manual"}},
+        {"lblInvert", {"Invert", "88:88:88", "00:00:00"}},
+        {"lblManual", {"Manual"}},
+        {"lblCounter", {"Counter", "-32768", "32767"}},
+        {"txtDisplayName", {"Relay: 10", "Sprinkler", "Nutrients", "Ventilate", "Circulate"}},
+        {"txtDaysOfWeek", {"All Days", "1234567"}},
+        {"txtDayHrEvenOdd", {"EO", "MH", "BH", "88"}},
+        {"txtStartTime", {"88:88:88", "00:00:00"}},
+        {"txtEndTime", {"88:88:88", "00:00:00"}},
+    };
+    return kCaptions;
+}
+
+int TextRoom(const QWidget* w) {
+    if (auto* label = qobject_cast<const QLabel*>(w)) return label->contentsRect().width();
+    auto* edit = qobject_cast<const QLineEdit*>(w);
+    if (!edit) return w->width();
+    // The line edit's own text area: its frame and text margins off, and the two pixels of
+    // margin it keeps on either side of the text.
+    QStyleOptionFrame option;
+    option.initFrom(edit);
+    option.rect = edit->contentsRect();
+    option.lineWidth = edit->hasFrame()
+                           ? edit->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, edit)
+                           : 0;
+    const QRect area = edit->style()->subElementRect(QStyle::SE_LineEditContents, &option, edit);
+    const QMargins margins = edit->textMargins();
+    return area.width() - margins.left() - margins.right() - 2 * 2;
+}
+
+void frmRelay::FitRowFonts() {
+    // The design sizes of the controls were drawn for a narrow font: each family of controls
+    // keeps its run-time font where its widest text fits, and steps down by half a point
+    // until it does (not below 5 points, where it would no longer be read).
+    for (const RowCaptions& family : RowCaptionsByControl()) {
+        const QList<QWidget*> widgets = findChildren<QWidget*>(QLatin1String(family.control));
+        if (widgets.isEmpty()) continue;
+        QFont font = widgets.front()->font();
+        const int room = TextRoom(widgets.front());
+        const auto widest = [&] {
+            const QFontMetrics metrics(font);
+            int most = 0;
+            for (const QString& text : family.texts)
+                most = std::max(most, metrics.horizontalAdvance(text));
+            return most;
+        };
+        while (widest() > room && font.pointSizeF() > 5.0)
+            font.setPointSizeF(font.pointSizeF() - 0.5);
+        for (QWidget* w : widgets)
+            if (w->font() != font) w->setFont(font);
+    }
 }
 
 // RowDisplay ------------------------------------------------------------------------------
 
 void frmRelay::SetOnOffLight(int i, Color c) {
-    shpOnOffLight[i]->SetColor(ToQColor(c));
+    shpOnOffLight[i]->SetColor(c);
 }
 
 void frmRelay::SetTimePairBackground(int k, Color c) {
-    SetRoleColor(txtStartTime[k], QPalette::Base, c);
-    SetRoleColor(txtEndTime[k], QPalette::Base, c);
+    SetBackColor(Control::txtStartTime, k, c);
+    SetBackColor(Control::txtEndTime, k, c);
 }
 
 void frmRelay::SetDayHrEvenOddBackground(int i, Color c) {
-    SetRoleColor(txtDayHrEvenOdd[i], QPalette::Base, c);
+    SetBackColor(Control::txtDayHrEvenOdd, i, c);
 }
 
 void frmRelay::SetManualBackground(int i, Color c) {
-    SetRoleColor(lblManual[i], QPalette::Window, c);
+    SetBackColor(Control::lblManual, i, c);
 }
 void frmRelay::SetInvertBackground(int i, Color c) {
-    SetRoleColor(lblInvert[i], QPalette::Window, c);
+    SetBackColor(Control::lblInvert, i, c);
 }
 void frmRelay::SetInvertCaption(int i, const std::string& t) {
-    SetCaption(lblInvert[i], t);
+    SetText(Control::lblInvert, i, t);
 }
 void frmRelay::SetTotalTimeBackground(int i, Color c) {
-    SetRoleColor(lblTotalTime[i], QPalette::Window, c);
+    SetBackColor(Control::lblTotalTime, i, c);
 }
 void frmRelay::SetTotalTimeCaption(int i, const std::string& t) {
-    SetCaption(lblTotalTime[i], t);
+    SetText(Control::lblTotalTime, i, t);
 }
 void frmRelay::SetCounterBackground(int i, Color c) {
-    SetRoleColor(lblCounter[i], QPalette::Window, c);
+    SetBackColor(Control::lblCounter, i, c);
 }
 void frmRelay::SetCounterCaption(int i, const std::string& t) {
-    SetCaption(lblCounter[i], t);
+    SetText(Control::lblCounter, i, t);
 }
 
 void frmRelay::SetStateDisplayCaption(int b, const std::string& t) {
-    if (QAction* a = Menu("mnuStateDisplayState", b); a && a->text() != Q(t)) a->setText(Q(t));
+    SetMenuCaption(stateCaptions_, "mnuStateDisplayState", b, t);
 }
 
 void frmRelay::SetInputDisplayCaption(int b, const std::string& t) {
-    if (QAction* a = Menu("mnuStateDisplayInput", b); a && a->text() != Q(t)) a->setText(Q(t));
+    SetMenuCaption(inputCaptions_, "mnuStateDisplayInput", b, t);
+}
+
+void frmRelay::SetMenuCaption(std::array<std::string, 4>& shown, const char* name, int b,
+                              const std::string& t) {
+    if (b < 0 || b >= 4 || shown[b] == t) return;
+    shown[b] = t;
+    if (QAction* a = Menu(name, b)) a->setText(Q(t));
+}
+
+int64_t& frmRelay::LastColor(Control c, int index) {
+    std::vector<int64_t>& memo = lastColor_[static_cast<size_t>(c)];
+    if (static_cast<size_t>(index) >= memo.size()) memo.resize(index + 1, kNoColor);
+    return memo[index];
+}
+
+std::string& frmRelay::LastText(Control c, int index) {
+    std::vector<std::string>& memo = lastText_[static_cast<size_t>(c)];
+    // Before the first text set, a text no caption holds: the first one always reaches Qt.
+    if (static_cast<size_t>(index) >= memo.size()) memo.resize(index + 1, std::string(1, '\0'));
+    return memo[index];
 }
 
 bool frmRelay::IsMinimized() const {
@@ -461,11 +594,11 @@ bool frmRelay::IsMinimized() const {
 }
 
 void frmRelay::SetStatusTime(const std::string& t) {
-    SetCaption(StatusPanel[1], t);
+    SetText(Control::StatusBar1, 2, t);
 }
 
 void frmRelay::SetTimeWindowCaption(const std::string& t) {
-    SetCaption(OpenTimeWindow()->lblTime, t);
+    SetCaption(OpenTimeWindow()->lblTime, t, timeWindowText_);
 }
 
 frmTime* frmRelay::OpenTimeWindow() {
@@ -480,6 +613,7 @@ void frmRelay::CloseTimeWindow() {
     if (frmTime_) SaveFormPosition(s_, *frmTime_);
     delete frmTime_;
     frmTime_ = nullptr;
+    timeWindowText_ = std::string(1, '\0');
 }
 
 // MainScreenView --------------------------------------------------------------------------
@@ -559,7 +693,7 @@ void frmRelay::SetText(Control c, int index, const std::string& text) {
     if (auto* e = qobject_cast<QLineEdit*>(w))
         SetFieldText(e, text);
     else if (auto* l = qobject_cast<QLabel*>(w))
-        SetCaption(l, text);
+        SetCaption(l, text, LastText(c, index));
 }
 
 std::string frmRelay::Text(Control c, int index) const {
@@ -573,12 +707,12 @@ std::string frmRelay::Text(Control c, int index) const {
 void frmRelay::SetBackColor(Control c, int index, Color color) {
     QWidget* w = Widget(c, index);
     if (!w) return;
-    if (auto* light = dynamic_cast<OnOffLight*>(w))
-        light->SetColor(ToQColor(color));
+    if (c == Control::shpOnOffLight)
+        shpOnOffLight[index]->SetColor(color);
     else if (qobject_cast<QLineEdit*>(w))
-        SetRoleColor(w, QPalette::Base, color);
+        SetRoleColor(w, QPalette::Base, color, LastColor(c, index));
     else
-        SetRoleColor(w, QPalette::Window, color);
+        SetRoleColor(w, QPalette::Window, color, LastColor(c, index));
 }
 
 void frmRelay::SetEnabled(Control c, int index, bool enabled) {

@@ -9,10 +9,13 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QStatusBar>
+#include <QStringList>
 #include <array>
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "core/MainScreenView.h"
 #include "core/SharedState.h"
@@ -25,15 +28,26 @@ namespace vantrellion {
 class OnOffLight : public QWidget {
   public:
     explicit OnOffLight(QWidget* parent) : QWidget(parent) {}
-    void SetColor(const QColor& c);
+    void SetColor(Color c);
     QColor ColorShown() const { return color_; }
 
   protected:
     void paintEvent(QPaintEvent*) override;
 
   private:
+    int64_t shown_ = -1;  // the colour last set, -1 before the first
     QColor color_{Qt::black};
 };
+
+// The widest texts that the row controls of one name can show; the run-time fonts are chosen
+// so that each fits.
+struct RowCaptions {
+    const char* control;
+    QStringList texts;
+};
+const std::vector<RowCaptions>& RowCaptionsByControl();
+// The width in pixels that a label or a line edit has for its text.
+int TextRoom(const QWidget* w);
 
 class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     Q_OBJECT
@@ -116,8 +130,22 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     void BuildRows();
     void BuildMenus();
     void BuildStatusBar();
+    void FitClockPanel();
+    void FitRowFonts();
     QWidget* Widget(Control c, int index) const;
     QAction* AddItem(QMenu* menu, const QString& name, const QString& caption, int index = 0);
+
+    // What the core last set on each control, by control and index, so that an unchanged
+    // colour or caption costs one comparison and no call into Qt.
+    static constexpr int64_t kNoColor = -1;
+    int64_t& LastColor(Control c, int index);
+    std::string& LastText(Control c, int index);
+    void SetMenuCaption(std::array<std::string, 4>& shown, const char* name, int b,
+                        const std::string& t);
+    std::array<std::vector<int64_t>, kControlCount> lastColor_;
+    std::array<std::vector<std::string>, kControlCount> lastText_;
+    std::array<std::string, 4> stateCaptions_, inputCaptions_;
+    std::string timeWindowText_{std::string(1, '\0')};
 
     System& s_;
     std::multimap<QString, QAction*> actions_;

@@ -17,8 +17,9 @@ QString VersionText() {
         .arg(VANTRELLION_VERSION_PATCH);
 }
 
-frmSplash::frmSplash(QWidget* parent)
-    : QDialog(parent, Qt::SplashScreen | Qt::WindowStaysOnTopHint) {
+// A splash window of the normal layer: kept above everything, it would hide the boxes and
+// screens of the start-up, which are modal and so leave the user nothing to click.
+frmSplash::frmSplash(QWidget* parent) : QDialog(parent, Qt::SplashScreen) {
     setObjectName("frmSplash");
     setWindowIcon(LoadIconResource(250));
     setAttribute(Qt::WA_DeleteOnClose, false);

@@ -2,13 +2,24 @@
 #include <QApplication>
 
 #include "core/MachineDirectory.h"
+#include "desktop/QtPlatform.h"
 #include "desktop/VantrellionApp.h"
 
 int main(int argc, char** argv) {
+    // The window's updates at each tick are small (the clock, a few captions and colours):
+    // plain image transfers to the X server cost fewer system calls than shared memory with
+    // its completion events and the thread hand-over they cause.
+    if (qEnvironmentVariableIsEmpty("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
     QApplication app(argc, argv);
+    // A steady text cursor: a blinking one repaints its field twice a second, all day long,
+    // which was most of what the idle program cost.
+    QApplication::setCursorFlashTime(0);
     QApplication::setApplicationName("Vantrellion");
     QApplication::setQuitOnLastWindowClosed(true);
-    vantrellion::VantrellionApp program({vantrellion::DefaultMachineDirectory()});
+    vantrellion::VantrellionApp::Options options;
+    options.machineDirectory = vantrellion::DefaultMachineDirectory();
+    options.documentsDirectory = vantrellion::UserDocumentsDirectory();
+    vantrellion::VantrellionApp program(options);
     if (!program.Main()) return 0;
     return QApplication::exec();
 }

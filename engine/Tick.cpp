@@ -29,6 +29,7 @@ void ShowClock(System& s) {
 void CheckTimeTick(System& s) {
     SuspendCheckTime(s);                                      // 1
     YieldToQueuedInput(s);                                    // 2
+    if (s.frmRelay.UnloadStarted != 0) return;                // the yield closed the main screen
     CheckTimePairs(s);                                        // 3
     UpdateRelayOutputs(s);                                    // 4
     const PortBytes relayBytes = ReadRelayPorts(s);           // 5

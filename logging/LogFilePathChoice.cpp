@@ -1,11 +1,9 @@
 #include "logging/LogFilePathChoice.h"
 
-#include "configuration/ProgramLocation.h"
-
 namespace vantrellion {
 
 std::string LogFilePathStartDirectory(System& s) {
-    return s.modRelay.LogFilePath.empty() ? ProgramDirectory() : s.modRelay.LogFilePath;
+    return s.modRelay.LogFilePath.empty() ? s.platform.documentsDirectory : s.modRelay.LogFilePath;
 }
 
 void SelectLogFilePath(System& s, const std::string& chosenPath) {

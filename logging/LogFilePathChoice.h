@@ -8,7 +8,7 @@
 
 namespace vantrellion {
 
-// LogFilePath, or the program's directory when no log directory is set.
+// LogFilePath, or the user's documents folder when no log directory is set.
 std::string LogFilePathStartDirectory(System& s);
 
 // cmdSelect: a chosen directory becomes LogFilePath, with a closing "/" so that the log

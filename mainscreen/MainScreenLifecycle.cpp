@@ -76,10 +76,12 @@ bool Form_QueryUnload(System& s) {
         ResumeCheckTime(s);
         return true;
     }
+    s.frmRelay.UnloadStarted = True;
     return false;
 }
 
 void Form_Unload(System& s) {
+    s.frmRelay.UnloadStarted = True;
     RemoveRestartFile(s, s.platform.machineDirectory, RestartFileName);
     ResetAllRelays(s);
     ClearOutputPorts(s);

@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "configuration/ProgramLocation.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RowTotals.h"
 #include "mainscreen/RowRefill.h"
@@ -15,7 +14,7 @@ namespace vantrellion {
 namespace {
 
 // The dialog's start: the directory and file of the row's icon, else the Run File's
-// directory, else the program's own directory.
+// directory, else the user's documents folder.
 void SetIconDialogStart(const System& s, int i, FileDialogRequest& request) {
     const std::string& icon = s.frmRelay.Relay[i].IconFile;
     if (!icon.empty()) {
@@ -26,7 +25,7 @@ void SetIconDialogStart(const System& s, int i, FileDialogRequest& request) {
     } else if (!s.modRelay.DataFilePath.empty()) {
         request.InitialDirectory = s.modRelay.DataFilePath;
     } else {
-        request.InitialDirectory = ProgramDirectory();
+        request.InitialDirectory = s.platform.documentsDirectory;
     }
 }
 

@@ -19,12 +19,17 @@ void ResetRowVisuals(System& s) {
     const ModRelay& m = s.modRelay;
     for (int i = 0; i <= LastRelay; ++i) {
         const int b = i / RelaysPerBoard, r = i % RelaysPerBoard;
+        // The picture of the previous schedule goes; the row shows its built-in icon until
+        // the new schedule's own icon replaces it.
         v.ClearPicture(Control::imgIDIcon, i);
+        v.LoadResourcePicture(Control::imgIDIcon, i, kFirstRelayIcon + i);
         v.SetText(Control::lblTotalTime, i, "00:00:00");
         v.SetBackColor(Control::lblTotalTime, i, m.ColorTTimeBkgrnd);
         v.SetBackColor(Control::lblManual, i, m.ColorManualOFF);
-        v.SetEnabled(Control::lblManual, i, true);
-        v.SetEnabled(Control::lblInvert, i, true);
+        // A row stopped in the previous schedule gets all four controls that the stop held
+        // back, not only Manual and Invert: the code field and the counter would otherwise
+        // stay disabled on a row that is no longer stopped.
+        EnableStoppedRowControls(s, i, true);
         v.SetText(Control::lblInvert, i, "Invert");
         v.SetText(Control::lblCounter, i, "Counter");
         v.SetBackColor(Control::shpOnOffLight, i, m.ColorRelayOFF);

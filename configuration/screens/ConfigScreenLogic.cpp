@@ -1,9 +1,9 @@
 #include "configuration/screens/ConfigScreenLogic.h"
 
-#include "configuration/screens/ConfigScreenFields.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
+#include "configuration/screens/ConfigScreenFields.h"
 
 namespace vantrellion {
 
@@ -31,6 +31,11 @@ void ConfigForm_Load(System& s, ConfigScreen& f) {
         FormDefaultAddresses(f, 0);
         FormDefaultNames(f, 0);
         FormDefaultColors(f);
+        // A screen without colour buttons (the board screen of a small display) stores the
+        // colours of the shared state with its Save, and the colour screen that follows loads
+        // them from there: the shared state takes the default colours, or every colour of
+        // the first configuration would be black.
+        if (!HasColorButtons(f.Kind)) SharedDefaultColors(s);
         FormDefaultBoardLogging(s, f, 0);
         FormDefaultResetOnExit(s, f, 0);
         FormDefaultLogPath(s, f);
@@ -116,6 +121,13 @@ void FormDefaultColors(ConfigScreen& f) {
         f.cmdSetColorIndicator[i] = StringTableColor(StringId::DefaultStatusColor + i);
     for (int i = 0; i < GroupColorCount; ++i)
         f.cmdSetColorGroupBkgrnd[i] = StringTableColor(StringId::DefaultGroupColor + i);
+}
+
+void SharedDefaultColors(System& s) {
+    for (int i = 0; i < StatusColorCount; ++i)
+        SharedStatusColor(s, i) = StringTableColor(StringId::DefaultStatusColor + i);
+    for (int i = 0; i < GroupColorCount; ++i)
+        s.modRelay.ColorRelayGroup[i] = StringTableColor(StringId::DefaultGroupColor + i);
 }
 
 void FormDefaultBoardLogging(System& s, ConfigScreen& f, int board) {

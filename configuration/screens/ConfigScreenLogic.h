@@ -27,6 +27,8 @@ void FormValuesToShared(System& s, ConfigScreen& f);
 void FormDefaultAddresses(ConfigScreen& f, int board);
 void FormDefaultNames(ConfigScreen& f, int board);
 void FormDefaultColors(ConfigScreen& f);
+// The default colours straight into the shared state, for a first run without colour buttons.
+void SharedDefaultColors(System& s);
 void FormDefaultBoardLogging(System& s, ConfigScreen& f, int board);
 void FormDefaultResetOnExit(System& s, ConfigScreen& f, int board);
 void FormDefaultLogPath(System& s, ConfigScreen& f);

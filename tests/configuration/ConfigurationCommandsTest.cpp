@@ -159,6 +159,8 @@ TEST_F(ConfigurationCommands, RemovalAsksAndCancelLeavesTheTickStopped) {
 
 TEST(LogFilePathChoice, TheChosenDirectoryAlwaysEndsInASeparator) {
     TestSystem t;
+    t.s.modRelay.LogFilePath = "";
+    EXPECT_EQ(LogFilePathStartDirectory(t.s), test::kDocuments);
     for (const auto& [chosen, stored] : {std::pair{"/var/log", "/var/log/"}, std::pair{"/", "/"},
                                          std::pair{"", "/"}}) {  // empty: nothing changes
         SelectLogFilePath(t.s, chosen);

@@ -119,7 +119,7 @@ TEST_F(Configuration, ASaveFillsEmptyPathsAndNamesAndBlanksEmptyTexts) {
     const std::tuple<const char*, std::string, std::string&> expected[] = {
         {"LogFilePath", temp.dir().Path(), m.LogFilePath},  // the machine directory
         {"LogFileName", "VantrellionLog.Log", m.LogFileName},
-        {"DataFilePath", ProgramDirectory(), m.DataFilePath},
+        {"DataFilePath", test::kDocuments, m.DataFilePath},  // never the program's folder
         {"DataFileName", "New.run", m.DataFileName},
         {"ChipSetType1", " ", m.Board[0].ChipSetType},
         {"Brd1RNam4", " ", m.Board[0].RelayName[3]},

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 #include "desktop/ShowConfigForms.h"
@@ -61,7 +62,7 @@ class ProgramConfiguration : public ::testing::Test {
     }
     bool Start() {
         app = std::make_unique<VantrellionApp>(
-            VantrellionApp::Options{dir.Path(), &clock, &ports, &messages, nullptr});
+            VantrellionApp::Options{dir.Path(), &clock, &ports, &messages, nullptr, dir.Path()});
         return app->Main();
     }
     System& Sys() { return app->system(); }
@@ -180,45 +181,65 @@ TEST_F(ProgramConfiguration, FromTheMenuOnlyAChangedAddressSetsTheBoardUp) {
     EXPECT_TRUE(app->Timer().IsEnabled());
 }
 
-// The display of a small screen, less than 9000 twips high.
-class SmallDisplay : public DesktopConfigurationScreens {
+// A display of a given height in twips (15 to a pixel).
+class FixedDisplay : public DesktopConfigurationScreens {
   public:
-    using DesktopConfigurationScreens::DesktopConfigurationScreens;
-    int ScreenHeightTwips() override { return 8000; }
+    FixedDisplay(System& s, int heightTwips)
+        : DesktopConfigurationScreens(s), heightTwips_(heightTwips) {}
+    int ScreenHeightTwips() override { return heightTwips_; }
+
+  private:
+    int heightTwips_;
 };
 
-TEST(SmallDisplayFirstRun, TheColourScreenComesUpBlackAfterTheBoardScreensSave) {
-    TestSystem t;
-    TempStore temp(t.s);
-    t.s.modRelay = ModRelay{};  // nothing loaded yet
-    SmallDisplay screens(t.s);
-    ModalSteps steps;
-    steps.On<frmConfigBoards>([](frmConfigBoards& w) {
-        Activate(w);
-        ASSERT_TRUE(w.cmdSave->isEnabled());
-        Click(w.cmdSave);
-        Click(w.cmdExit);
-    });
-    steps.On<frmConfigColors>([](frmConfigColors& w) {
-        Activate(w);
-        for (ColorButton* b : w.Colors->cmdSetColorIndicator)
-            EXPECT_EQ(b->ColorShown(), 0);
-        for (ColorButton* b : w.Colors->cmdSetColorGroupBkgrnd)
-            EXPECT_EQ(b->ColorShown(), 0);
-        EXPECT_FALSE(w.cmdSave->isEnabled()) << "no check box marks the colour screen changed";
-        Click(w.cmdExit);
-    });
-    ASSERT_TRUE(CheckConfigurationAtStart(t.s, screens));
-    EXPECT_TRUE(steps.Done());
-    EXPECT_EQ(steps.windows, (std::vector<std::string>{"frmConfigBoards", "frmConfigColors"}));
-    const auto stored = [&](const char* name) {
-        return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
+// A first run accepted with Save wherever the screens offer it stores the default colours,
+// on a small display (the board screen, then the colour screen) as on a large one.
+TEST(FirstRunOnEachDisplay, AcceptingTheDefaultsStoresTheDefaultColours) {
+    const struct {
+        int heightPixels;
+        std::vector<std::string> windows;
+    } cases[] = {
+        {599, {"frmConfigBoards", "frmConfigColors"}},
+        {768, {"frmConfiguration"}},
+        {1024, {"frmConfiguration"}},
     };
-    EXPECT_EQ(stored("ColorRelayGroup1"), "0");
-    EXPECT_EQ(stored("ColorNameBkgrnd"), "0");
-    EXPECT_EQ(stored("BaseAddress1"), "768");
-    EXPECT_EQ(stored("RunNoBoards"), "1");
-    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{kFirstRun});
+    for (const auto& c : cases) {
+        TestSystem t;
+        TempStore temp(t.s);
+        t.s.modRelay = ModRelay{};  // nothing loaded yet
+        FixedDisplay screens(t.s, c.heightPixels * 15);
+        ModalSteps steps;
+        const auto saveAndExit = [](auto& w) {
+            Activate(w);
+            if (w.cmdSave->isEnabled()) Click(w.cmdSave);
+            Click(w.cmdExit);
+        };
+        if (c.windows.size() == 2) {
+            steps.On<frmConfigBoards>(saveAndExit);
+            steps.On<frmConfigColors>([&](frmConfigColors& w) {
+                for (int i = 0; i < StatusColorCount; ++i)
+                    EXPECT_EQ(w.Colors->cmdSetColorIndicator[i]->ColorShown(),
+                              StringTableColor(StringId::DefaultStatusColor + i));
+                saveAndExit(w);
+            });
+        } else {
+            steps.On<frmConfiguration>(saveAndExit);
+        }
+        ASSERT_TRUE(CheckConfigurationAtStart(t.s, screens));
+        EXPECT_TRUE(steps.Done());
+        EXPECT_EQ(steps.windows, c.windows);
+        const auto stored = [&](const std::string& name) {
+            return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
+        };
+        for (int g = 0; g < 8; ++g)
+            EXPECT_EQ(stored("ColorRelayGroup" + std::to_string(g + 1)),
+                      std::to_string(StringTableColor(StringId::DefaultGroupColor + g)))
+                << c.heightPixels;
+        EXPECT_EQ(stored("ColorNameBkgrnd"),
+                  std::to_string(StringTableColor(StringId::DefaultStatusColor)));
+        EXPECT_EQ(stored("BaseAddress1"), "768");
+        EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{kFirstRun});
+    }
 }
 
 class LogDirectoryChooser : public ::testing::Test {
@@ -265,6 +286,26 @@ TEST_F(LogDirectoryChooser, BrowseOpensOnTheNearestDirectoryAndSelectAddsTheSepa
     EXPECT_TRUE(steps.Done());
     EXPECT_EQ(t.mod().LogFilePath, Daily() + "/");
     EXPECT_EQ(w.Boards->txtLogFilePath->text().toStdString(), Daily() + "/");
+}
+
+// A log directory below many others: the chooser opens with it in view, once the tree has
+// read the directories around it.
+TEST_F(LogDirectoryChooser, OpensScrolledToThePresentDirectory) {
+    QDir base(QString::fromStdString(logs.Path()));
+    for (int n = 0; n < 80; ++n)
+        base.mkpath(QString("a%1").arg(n, 2, 10, QChar('0')));
+    base.mkpath("zz/present");
+    t.mod().LogFilePath = logs.Path() + "zz/present/";
+    frmLogFilePath chooser(t.s);
+    chooser.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&chooser));
+    const auto inView = [&] {
+        const QRect row = chooser.Dir1->visualRect(chooser.Dir1->currentIndex());
+        return !row.isEmpty() && chooser.Dir1->viewport()->rect().contains(row.center());
+    };
+    QTest::qWait(500);  // the tree reads the directories in the background
+    EXPECT_TRUE(QTest::qWaitFor(inView, 3000));
+    EXPECT_EQ(chooser.ChosenPath, logs.Path() + "zz/present");
 }
 
 }  // namespace

@@ -2,8 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "core/InstanceLock.h"
-#include "mainscreen/MainScreenLifecycle.h"
 #include "core/ResetRelayRecords.h"
+#include "engine/Tick.h"
+#include "mainscreen/MainScreenLifecycle.h"
 #include "runfile/CrashRestart.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
@@ -108,6 +109,24 @@ TEST_F(LifecycleTest, ClosingAsksAboutChangesAndCancelKeepsTheTick) {
     EXPECT_FALSE(dir.Exists(RestartFileName));
     EXPECT_EQ(t.ports.bytes[0x300], 0);
     EXPECT_EQ(t.ports.Writes().back(), (SimulatedPorts::Access{true, 0x300, 0}));
+}
+
+// File > Exit handled inside a tick's yield: the rest of that tick must not switch the relay
+// back on after the close cleared it, nor turn the timer on again.
+TEST_F(LifecycleTest, ExitInsideTheTicksYieldEndsThatTick) {
+    Form_Initialize(t.s);
+    Form_Load(t.s);
+    t.mod().Board[0].ResetOnExit = True;
+    t.relay(2).Manual = True;
+    CheckTimeTick(t.s);
+    ASSERT_EQ(t.ports.bytes[0x300], 0x04);
+    t.pump.pending = true;
+    t.pump.onProcess = [&] {
+        if (!Form_QueryUnload(t.s)) Form_Unload(t.s);
+    };
+    CheckTimeTick(t.s);
+    EXPECT_EQ(t.ports.bytes[0x300], 0);
+    EXPECT_FALSE(t.timer.enabled);
 }
 
 TEST(InstanceLock, SecondInstanceIsToldAndBothGoOn) {

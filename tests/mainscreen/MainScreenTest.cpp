@@ -100,6 +100,21 @@ TEST_F(MainScreenTest, RowsFilledFromRecords) {
     }
 }
 
+// New or Open after a schedule with a stopped row and a row icon of its own: every row is
+// editable again and shows its built-in icon until the new schedule's icon replaces it.
+TEST_F(MainScreenTest, RowResetUndoesTheLastSchedulesStopAndIcon) {
+    t.relay(4).HardStop = True;
+    FillRowsFromRecords(t.s);
+    t.screen.picture[{Control::imgIDIcon, 4}] = "/old/pump.ico";
+    t.relay(4).HardStop = False;
+    ResetRowVisuals(t.s);
+    for (Control c :
+         {Control::txtDayHrEvenOdd, Control::lblManual, Control::lblInvert, Control::lblCounter})
+        EXPECT_TRUE(t.screen.IsEnabled(c, 4));
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ((t.screen.picture[{Control::imgIDIcon, i}]), "res:" + std::to_string(121 + i));
+}
+
 TEST_F(MainScreenTest, StatusHintIsSilentWhileRowsAreFilled) {
     t.frm().RowsShown = False;
     ShowStatusHint(t.s, "08:00");

@@ -35,7 +35,7 @@ TEST_F(RowCommandsTest, InvertIsIgnoredOnANumericCode) {
     EXPECT_EQ(t.relay(1).Invert, True);
 }
 
-TEST_F(RowCommandsTest, IconDialogStartsFromTheRowTheRunFileOrTheProgram) {
+TEST_F(RowCommandsTest, IconDialogStartsFromTheRowTheRunFileOrTheDocuments) {
     struct Case {
         const char* rowIcon;
         const char* dataFilePath;
@@ -44,7 +44,7 @@ TEST_F(RowCommandsTest, IconDialogStartsFromTheRowTheRunFileOrTheProgram) {
         {"/home/u/icons/pump.ico", "/home/u/runs/", "/home/u/icons/", "pump.ico"},
         {"pump.ico", "/home/u/runs/", "", "pump.ico"},
         {"", "/home/u/runs/", "/home/u/runs/", ""},
-        {"", "", ProgramDirectory(), ""},
+        {"", "", kDocuments, ""},
     };
     for (const Case& c : cases) {
         RowSystem u(dir);

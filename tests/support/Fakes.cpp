@@ -47,6 +47,7 @@ TestSystem::TestSystem() {
     s.platform.ports = &ports;
     s.platform.screen = &screen;
     s.platform.dialogs = &dialogs;
+    s.platform.documentsDirectory = kDocuments;
     auto& m = s.modRelay;
     m.ColorRelayON = kRelayON;
     m.ColorRelayOFF = kRelayOFF;

@@ -225,6 +225,9 @@ struct TestSystem {
     void SetPair(int i, int p, const std::string& start, const std::string& end);
 };
 
+// The user's documents folder as tests name it; nothing is ever written there.
+inline constexpr const char* kDocuments = "/nonexistent/home/Documents/";
+
 // Distinct colours of the test configuration, so that assertions can tell them apart.
 inline constexpr Color kRelayON = 0x0000FF00, kRelayOFF = 0x00000080, kTimeON = 0x0000FFFF,
                        kTimeOFF = 0x00C0C0C0, kManualON = 0x00FF00FF, kManualOFF = 0x00808080,
