@@ -199,7 +199,7 @@ TEST(AuxiliaryWindows, TickWritesTheLogWhileTheViewerIsOpen) {
         ConfigurationSaveToReg(t.s);
     }
     auto app = std::make_unique<VantrellionApp>(
-        VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr});
+        VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr, {}});
     ASSERT_TRUE(app->Main());
     frmRelay& w = *app->MainWindow();
     w.Menu("mnuToolForceCheckTime")->trigger();  // the first state line

@@ -48,7 +48,7 @@ class MenuProgramTest : public ::testing::Test {
     }
     void Start() {
         app = std::make_unique<VantrellionApp>(
-            VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr});
+            VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr, {}});
         ASSERT_TRUE(app->Main());
     }
     // Ends the program the way a crash would, without the close path: the store keeps what

@@ -57,7 +57,7 @@ class RunOnBootMenuTest : public ::testing::Test {
     }
     void Start() {
         app = std::make_unique<VantrellionApp>(
-            VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr});
+            VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr, {}});
         ASSERT_TRUE(app->Main());
     }
     void Stop() {

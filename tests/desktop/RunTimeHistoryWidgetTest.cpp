@@ -152,7 +152,7 @@ TEST(RunTimeHistoryMenu, ToolMenuEndsWithTheEntryAndItsWindowLeavesTheTickRunnin
         t.mod().DataFilePath = dir.Path();
         ConfigurationSaveToReg(t.s);
     }
-    VantrellionApp app({dir.Path(), &clock, &ports, nullptr, nullptr});
+    VantrellionApp app({dir.Path(), &clock, &ports, nullptr, nullptr, {}});
     ASSERT_TRUE(app.Main());
     QMenu* tool = app.MainWindow()->SubMenu("mnuTool");
     const QList<QAction*> items = tool->actions();
