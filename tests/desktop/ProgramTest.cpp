@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -107,18 +108,22 @@ TEST_F(ProgramTest, StartAfterACrashTakesTheScheduleBack) {
 TEST_F(ProgramTest, CheckTimerRunsWhileABoxOfTheLoadWaits) {
     PrepareStore();
     dir.Write(RestartFileName, "\"FV.9999.99.99\"\r\n");
+    // Whether the check timer runs at the moment the box appears.
     bool timerOnDuringBox = false;
-    QTimer watch;
-    watch.setInterval(1);
-    QObject::connect(&watch, &QTimer::timeout, [&] {
-        if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-            timerOnDuringBox = timerOnDuringBox || app->Timer().IsEnabled();
-    });
-    watch.start();
+    struct BoxShown : QObject {
+        std::function<void()> seen;
+        bool eventFilter(QObject* o, QEvent* e) override {
+            if (e->type() == QEvent::Show && qobject_cast<QMessageBox*>(o)) seen();
+            return false;
+        }
+    } watch;
+    watch.seen = [&] { timerOnDuringBox = timerOnDuringBox || (app && app->Timer().IsEnabled()); };
+    qApp->installEventFilter(&watch);
     ModalAnswerer answers;
     ASSERT_TRUE(Start());
     EXPECT_EQ(answers.Texts(), std::vector<std::string>{
                                    "Attempting to Load a file Version that does not exist yet"});
+    qApp->removeEventFilter(&watch);
     EXPECT_TRUE(timerOnDuringBox);
     EXPECT_TRUE(app->Timer().IsEnabled());
 }
