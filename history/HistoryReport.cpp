@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <fstream>
 
+#include "core/Timeline.h"
+
 namespace vantrellion {
 
 namespace {
@@ -16,16 +18,6 @@ std::vector<TimeSpan> Clip(const std::vector<TimeSpan>& spans, TimeSpan to) {
         if (from < end) out.push_back({from, end});
     }
     return out;
-}
-
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    std::string out = "\"";
-    for (char c : text) {
-        if (c == '"') out += '"';
-        out += c;
-    }
-    return out + "\"";
 }
 
 std::string Padded(const std::string& text, size_t width) {

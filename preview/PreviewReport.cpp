@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <sstream>
 
+#include "core/Timeline.h"
+
 namespace vantrellion {
 
 namespace {
@@ -25,16 +27,6 @@ bool Digits(const std::string& t, size_t pos, size_t n, int& value) {
         value = value * 10 + (t[i] - '0');
     }
     return true;
-}
-
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    std::string out = "\"";
-    for (char c : text) {
-        if (c == '"') out += '"';
-        out += c;
-    }
-    return out + "\"";
 }
 
 }  // namespace

@@ -6,6 +6,9 @@ packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlite3-dev libgtest-
           libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils qt6-svg-dev
           qt6-charts-dev libqt6opengl6-dev fonts-urw-base35 openbox)
 
+# Other lists (the packaging tools) name their packages as arguments.
+[ $# -gt 0 ] && packages=("$@")
+
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
