@@ -74,7 +74,6 @@ class KeyValueStore : public KeyValueBackend {
     // the file gets only the values the user changes in this run (see UserChange). Everything
     // else the program writes stays in memory, so the file keeps what it holds.
     void GoOnWithoutFile();
-    bool WithoutFile() const { return withoutFile_; }
 
     // While one is alive, the writes come from the user's own choice (a Save of the
     // configuration, a tool command, the data file chosen). Without the file, a value that

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/ConfigurationStoreAdapter.h"
 #include "configuration/ConfigurationValueNames.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
@@ -359,6 +360,21 @@ class IgnoredStore : public LockedStoreAtStart {
         cmdSave_Click(t.s, f);
     }
 
+    // The picture of the stored values with some of them replaced.
+    static std::string WithValues(const std::string& picture,
+                                  const std::map<std::string, std::string>& replaced) {
+        std::string out;
+        std::istringstream lines(picture);
+        for (std::string line; std::getline(lines, line);) {
+            for (const auto& [name, text] : replaced) {
+                const std::string head = std::string(kKey) + "\\" + name + "=";
+                if (line.rfind(head, 0) == 0) line = head + text;
+            }
+            out += line + "\n";
+        }
+        return out;
+    }
+
     void ExpectFileUntouched() {
         EXPECT_EQ(dir.Read("store.db"), bytes);
         EXPECT_FALSE(dir.Exists("store.db-wal"));
@@ -411,13 +427,22 @@ TEST_F(IgnoredStore, ASaveWritesOnlyTheChangedValueAndTriesAgainAfterALock) {
     ConfigurationLogFileNameSave(t.s);
     SaveScreen();  // the same value again: now it reaches the file
 
-    const std::string changed = std::string(kKey) + "\\" + RelayNameValueName(0, 2) + "=";
-    std::string expected;
-    std::istringstream lines(values);
-    for (std::string line; std::getline(lines, line);)
-        expected += (line.rfind(changed, 0) == 0 ? changed + pump : line) + "\n";
+    const std::string expected = WithValues(values, {{RelayNameValueName(0, 2), pump}});
     ASSERT_NE(expected, values);
     EXPECT_EQ(StoredValues(file), expected);
+}
+
+TEST_F(IgnoredStore, TheToolSwitchesAndTheChosenDataFileAreTheUsersChanges) {
+    holder->Release();
+    ConfigurationStoreAdapter commands(t.s);
+    t.mod().LoggingOnOff = False;
+    commands.ConfigurationFlagLoggingSave();
+    commands.ConfigurationFlagRunNoBoardsSave();  // unchanged: still the built-in emulation
+    t.mod().DataFileName = "farm.run";
+    commands.ConfigurationDataFileNameSave();
+    commands.ConfigurationDataFilePathSave();  // unchanged
+    EXPECT_EQ(StoredValues(file),
+              WithValues(values, {{"LoggingOnOff", "0"}, {"DataFileName", "farm.run"}}));
 }
 
 }  // namespace
