@@ -97,6 +97,9 @@ std::string KeyValueStore::NormaliseKeyPath(const std::string& keyPath) {
 std::vector<std::string> KeyValueStore::TakeNotices() {
     std::vector<std::string> out;
     out.swap(notices_);
+    if (file_)
+        for (auto& text : file_->TakeNotices())
+            out.push_back(std::move(text));
     return out;
 }
 
@@ -354,6 +357,7 @@ KeyValueStore::Access KeyValueStore::CheckReadable(int waitMs) {
 
 void KeyValueStore::GoOnWithoutFile() {
     OpenInMemory();
+    withoutFile_ = true;
 }
 
 void KeyValueStore::NoteFailure(int rc) {
@@ -542,6 +546,44 @@ StoreStatus KeyValueStore::QueryValue(RegRoot root, const std::string& keyPath,
 StoreStatus KeyValueStore::SetValue(RegRoot root, const std::string& keyPath,
                                     const std::string& name, const StoredValue& value) {
     const std::string path = NormaliseKeyPath(keyPath);
+    if (withoutFile_) return SetValueWithoutFile(root, path, name, value);
+    return SetValueHere(root, path, name, value);
+}
+
+namespace {
+
+bool SameValue(const StoredValue& a, const StoredValue& b) {
+    return a.Type == b.Type && a.Kind == b.Kind && a.Text == b.Text && a.Integer == b.Integer;
+}
+
+// Key paths and names are compared without regard to case, as the store does.
+std::string ValueIdentity(RegRoot root, const std::string& path, const std::string& name) {
+    std::string id = std::to_string(root) + '\\' + path + '\\' + name;
+    for (char& c : id)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return id;
+}
+
+}  // namespace
+
+StoreStatus KeyValueStore::SetValueWithoutFile(RegRoot root, const std::string& path,
+                                               const std::string& name, const StoredValue& value) {
+    const std::string id = ValueIdentity(root, path, name);
+    if (userChanging_ > 0) {
+        // A full save writes every value again: only those that differ from what this run
+        // holds are the user's changes.
+        StoredValue held;
+        if (QueryValue(root, path, name, held) != StoreStatus::Ok || !SameValue(held, value))
+            userValues_.insert(id);
+    }
+    const StoreStatus here = SetValueHere(root, path, name, value);
+    if (here != StoreStatus::Ok || userValues_.count(id) == 0) return here;
+    if (!file_) file_ = std::make_unique<KeyValueStore>(filePath_, busyTimeoutMs_);
+    return file_->SetValue(root, path, name, value);
+}
+
+StoreStatus KeyValueStore::SetValueHere(RegRoot root, const std::string& path,
+                                        const std::string& name, const StoredValue& value) {
     return Write([&](int& rc) {
         const int64_t id = InsertKeyWithParents(root, path, rc);
         if (id < 0) return StoreStatus::Failed;

@@ -19,6 +19,8 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -68,9 +70,29 @@ class KeyValueStore : public KeyValueBackend {
     // lock to go; a busy file is not noted for the user, the caller tells it.
     enum class Access { Readable, Busy, Other };
     Access CheckReadable(int waitMs);
-    // Gives the file up for the rest of the run, unread and untouched: an empty store in
-    // memory serves, and nothing of this run reaches the file.
+    // Gives the file up for the rest of the run, unread: an empty store in memory serves, and
+    // the file gets only the values the user changes in this run (see UserChange). Everything
+    // else the program writes stays in memory, so the file keeps what it holds.
     void GoOnWithoutFile();
+
+    // While one is alive, the writes come from the user's own choice (a Save of the
+    // configuration, a tool command, the data file chosen). Without the file, a value that
+    // such a write changes is the user's for the rest of the run: it and every later write of
+    // it go to the file too, so that a write that failed on a lock is made again by the next.
+    class UserChange {
+      public:
+        explicit UserChange(KeyValueStore* store) : store_(store) {
+            if (store_) ++store_->userChanging_;
+        }
+        ~UserChange() {
+            if (store_) --store_->userChanging_;
+        }
+        UserChange(const UserChange&) = delete;
+        UserChange& operator=(const UserChange&) = delete;
+
+      private:
+        KeyValueStore* store_;
+    };
 
     // The notices that are due for the user, each told once; the list is emptied.
     std::vector<std::string> TakeNotices() override;
@@ -94,6 +116,10 @@ class KeyValueStore : public KeyValueBackend {
     // database cannot be asked.
     bool LookUpKey(RegRoot root, const std::string& path, int64_t& id);
     int64_t InsertKeyWithParents(RegRoot root, const std::string& path, int& rc);
+    StoreStatus SetValueHere(RegRoot root, const std::string& path, const std::string& name,
+                             const StoredValue& value);
+    StoreStatus SetValueWithoutFile(RegRoot root, const std::string& path, const std::string& name,
+                                    const StoredValue& value);
 
     std::string filePath_;
     int busyTimeoutMs_;
@@ -106,6 +132,10 @@ class KeyValueStore : public KeyValueBackend {
     bool sawBusy_ = false;        // the last operation found the file busy
     bool told_[static_cast<int>(Problem::Count)] = {};
     std::vector<std::string> notices_;
+    bool withoutFile_ = false;             // the file was given up: memory serves
+    int userChanging_ = 0;                 // UserChange scopes alive
+    std::set<std::string> userValues_;     // values the user changed while without the file
+    std::unique_ptr<KeyValueStore> file_;  // the file, for those values only
 };
 
 }  // namespace vantrellion

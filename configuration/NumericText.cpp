@@ -150,4 +150,20 @@ Converted<double> TextToDouble(const std::string& text) {
     return out;
 }
 
+std::optional<int16_t> ParseHexAddress(const std::string& text) {
+    size_t b = 0, e = text.size();
+    while (b < e && text[b] == ' ')
+        ++b;
+    while (e > b && text[e - 1] == ' ')
+        --e;
+    if (b == e) return std::nullopt;
+    for (size_t i = b; i < e; ++i)
+        if (!std::isxdigit(static_cast<unsigned char>(text[i]))) return std::nullopt;
+    // The system's own conversion of "&H" + digits: four digits or fewer are a 16-bit pattern,
+    // more digits a 32-bit number that must still fit 16 bits.
+    const auto v = TextToInt16("&H" + text.substr(b, e - b));
+    if (!v.Ok) return std::nullopt;
+    return v.Value;
+}
+
 }  // namespace vantrellion

@@ -38,6 +38,11 @@ struct Converted {
 Converted<int16_t> TextToInt16(const std::string& text);
 Converted<int32_t> TextToInt32(const std::string& text);
 
+// An address box's text as a signed 16-bit number, read as hexadecimal without prefix: up to
+// four digits give the 16-bit pattern ("FFFF" is -1), blanks around are ignored. Nothing when
+// the text is not hexadecimal or its value does not fit 16 bits.
+std::optional<int16_t> ParseHexAddress(const std::string& text);
+
 // Text to a number as it stands, for the numeric compares of the stored flags ("1", " 1" and
 // "1.0" all equal 1).
 Converted<double> TextToDouble(const std::string& text);

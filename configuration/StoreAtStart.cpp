@@ -6,7 +6,9 @@
 #include <fstream>
 #include <system_error>
 
+#include "configuration/DefaultConfiguration.h"
 #include "configuration/KeyValueStore.h"
+#include "configuration/clsConfiguration.h"
 
 namespace vantrellion {
 
@@ -17,8 +19,8 @@ std::string StoreBusyText(const std::string& file, const std::string& holders) {
            (holders.empty() ? std::string("another program") : holders) +
            ".\r\n\r\nVantrellion waits for it and goes on by itself as soon as it can be read."
            "\r\nClose the other program to go on now.\r\n\r\n"
-           "Ignore: go on without the stored configuration. The file is then left untouched "
-           "for this run, and what you configure now is not stored.\r\n"
+           "Ignore: go on with the built-in configuration. The file then keeps what it holds; "
+           "only what you change in this run is stored in it.\r\n"
            "Abort: end Vantrellion.";
 }
 
@@ -28,6 +30,16 @@ std::string ProcessName(const std::filesystem::path& proc) {
     std::string name;
     std::getline(in, name);
     return name.empty() ? std::string("a program") : name;
+}
+
+// The built-in configuration, as a first run that accepts every default leaves it (emulation
+// and logging on), stored in memory only: it is then read as a stored configuration, and the
+// user is not asked to configure. Nothing of it reaches the file.
+void HoldBuiltInConfiguration(System& s) {
+    ConfigurationLoadDefaults(s);
+    s.modRelay.LoggingOnOff = True;
+    s.modRelay.RunNoBoards = True;
+    ConfigurationSaveToReg(s);
 }
 
 }  // namespace
@@ -80,6 +92,7 @@ bool WaitForStoreAtStart(System& s) {
                 return false;
             case Answer::Ignore:
                 store->GoOnWithoutFile();
+                HoldBuiltInConfiguration(s);
                 return true;
             default:
                 // Retry: one more look, a little longer; the box comes again if still held.

@@ -16,8 +16,8 @@ inline constexpr int StoreRetryIntervalMs = 1000;
 // When the store is held by another program, says so in one box that names the file and the
 // holder, and asks again every second while the box is up; the box closes by itself, and the
 // start goes on, as soon as the store can be read. Retry asks at once; Ignore goes on without
-// the store: the file is left untouched for the whole run, and an empty configuration in
-// memory serves. False when the user chose Abort and the program is to end.
+// the store, on the built-in configuration held in memory: the file then gets only the values
+// the user changes in this run. False when the user chose Abort and the program is to end.
 bool WaitForStoreAtStart(System& s);
 
 // "sqlite3 (process 4711)" for each other process of this machine that has the file (or its

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "configuration/screens/ConfigScreenLogic.h"
 #include "configuration/NumericText.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
+#include "configuration/screens/ConfigScreenLogic.h"
 
 namespace vantrellion {
 
@@ -14,10 +14,6 @@ namespace {
 
 bool IsEmptyOrBlank(const std::string& text) {
     return text.empty() || text == " ";
-}
-
-bool IsHexDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 MessageBoxRequest OutOfRangeMessage(AddressBox box) {
@@ -44,22 +40,6 @@ bool InRange(AddressBox box, int16_t v) {
 }
 
 }  // namespace
-
-std::optional<int16_t> ParseHexAddress(const std::string& text) {
-    size_t b = 0, e = text.size();
-    while (b < e && text[b] == ' ')
-        ++b;
-    while (e > b && text[e - 1] == ' ')
-        --e;
-    if (b == e) return std::nullopt;
-    for (size_t i = b; i < e; ++i)
-        if (!IsHexDigit(text[i])) return std::nullopt;
-    // The system's own conversion of "&H" + digits: four digits or fewer are a 16-bit pattern,
-    // more digits a 32-bit number that must still fit 16 bits.
-    const auto v = TextToInt16("&H" + text.substr(b, e - b));
-    if (!v.Ok) return std::nullopt;
-    return v.Value;
-}
 
 std::string HexText(int16_t value) {
     char buffer[8];
@@ -98,7 +78,7 @@ void cmbChipSetType_LostFocus(System& s, ConfigScreen& f, int board) {
 bool AddressBox_LostFocus(System& s, ConfigScreen& f, AddressBox box, int board,
                           const std::function<void()>& keepFocus) {
     ComboBoxValue& combo = AddressCombo(f, box, board);
-    if (IsEmptyOrBlank(combo.Text)) combo.Text = "0";
+    if (IsEmptyOrBlank(combo.Text)) combo.Text.assign(1, '0');
     const auto v = ParseHexAddress(combo.Text);
     if (!v) {
         if (keepFocus) keepFocus();

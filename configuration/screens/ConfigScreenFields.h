@@ -9,14 +9,12 @@
 #include <optional>
 #include <string>
 
+#include "configuration/NumericText.h"
 #include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 
-// A numeric box's text as a signed 16-bit number, read as hexadecimal without prefix: up to
-// four digits give the 16-bit pattern ("FFFF" is -1), blanks around are ignored. Nothing when
-// the text is not hexadecimal or its value does not fit 16 bits.
-std::optional<int16_t> ParseHexAddress(const std::string& text);
+// ParseHexAddress (configuration/NumericText.h) reads a numeric box's text.
 // Upper-case hexadecimal without prefix or leading zeros; a negative value as its 16-bit
 // pattern.
 std::string HexText(int16_t value);

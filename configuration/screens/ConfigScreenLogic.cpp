@@ -1,5 +1,7 @@
 #include "configuration/screens/ConfigScreenLogic.h"
 
+#include "configuration/DefaultConfiguration.h"
+#include "configuration/KeyValueStore.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
@@ -8,9 +10,6 @@
 namespace vantrellion {
 
 namespace {
-
-const int kDefaultListIds[] = {StringId::DefaultBaseAddress, StringId::DefaultInputAddress,
-                               StringId::DefaultCntlAddress, StringId::DefaultPortConfigValue};
 
 int16_t CheckBoxOf(Flag shared) {
     return shared == 0 ? 0 : 1;
@@ -103,31 +102,31 @@ void FormValuesToShared(System& s, ConfigScreen& f) {
 
 void FormDefaultAddresses(ConfigScreen& f, int board) {
     if (!HasBoardControls(f.Kind)) return;
-    f.cmbChipSetType[board].Text = StringTableListItem(StringId::DefaultChipSetType, board);
+    f.cmbChipSetType[board].Text = DefaultChipSetTypeText(board);
     for (size_t n = 0; n < AllAddressBoxes.size(); ++n)
         AddressCombo(f, AllAddressBoxes[n], board).Text =
-            StringTableListItem(kDefaultListIds[n], board);
+            DefaultAddressText(static_cast<int>(n), board);
 }
 
 void FormDefaultNames(ConfigScreen& f, int board) {
     if (!HasBoardControls(f.Kind)) return;
     for (int r = 0; r < RelaysPerBoard; ++r)
-        f.txtRelayName[RecordIndex(board, r)] = "Relay: " + std::to_string(r + 1);
+        f.txtRelayName[RecordIndex(board, r)] = DefaultRelayName(r);
 }
 
 void FormDefaultColors(ConfigScreen& f) {
     if (!HasColorButtons(f.Kind)) return;
     for (int i = 0; i < StatusColorCount; ++i)
-        f.cmdSetColorIndicator[i] = StringTableColor(StringId::DefaultStatusColor + i);
+        f.cmdSetColorIndicator[i] = DefaultStatusColor(i);
     for (int i = 0; i < GroupColorCount; ++i)
-        f.cmdSetColorGroupBkgrnd[i] = StringTableColor(StringId::DefaultGroupColor + i);
+        f.cmdSetColorGroupBkgrnd[i] = DefaultGroupColor(i);
 }
 
 void SharedDefaultColors(System& s) {
     for (int i = 0; i < StatusColorCount; ++i)
-        SharedStatusColor(s, i) = StringTableColor(StringId::DefaultStatusColor + i);
+        SharedStatusColor(s, i) = DefaultStatusColor(i);
     for (int i = 0; i < GroupColorCount; ++i)
-        s.modRelay.ColorRelayGroup[i] = StringTableColor(StringId::DefaultGroupColor + i);
+        s.modRelay.ColorRelayGroup[i] = DefaultGroupColor(i);
 }
 
 void FormDefaultBoardLogging(System& s, ConfigScreen& f, int board) {
@@ -193,6 +192,7 @@ void FormMarkChanged(ConfigScreen& f) {
 
 void cmdSave_Click(System& s, ConfigScreen& f) {
     FormValuesToShared(s, f);
+    const KeyValueStore::UserChange byUser(s.platform.store);
     ConfigurationSaveToReg(s);
     f.FormChanged = False;
     f.SaveEnabled = false;
@@ -216,11 +216,13 @@ bool ConfigForm_QueryUnload(System& s, ConfigScreen& f) {
         case Answer::No:
             ConfigurationLoadFromReg(s);
             break;
-        default:
+        default: {
             // Only what has reached the shared state field by field is stored: the controls
             // are not read on this route.
+            const KeyValueStore::UserChange byUser(s.platform.store);
             ConfigurationSaveToReg(s);
             break;
+        }
     }
     return false;
 }

@@ -3,12 +3,17 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <map>
 #include <memory>
+#include <sstream>
 
 #include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/ConfigurationStoreAdapter.h"
+#include "configuration/ConfigurationValueNames.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
+#include "configuration/screens/ConfigScreenLogic.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
 #include "support/TempStore.h"
@@ -305,31 +310,139 @@ TEST_F(LockedStoreAtStart, IsWaitedForThenReadAndASaveChangesNothingUnasked) {
     EXPECT_TRUE(dir.Exists("store.db-wal"));
 }
 
-TEST_F(LockedStoreAtStart, GoingOnWithoutItLeavesTheFileUntouched) {
-    const std::string bytes = dir.Read("store.db");
+TEST_F(LockedStoreAtStart, AbortEndsTheStart) {
     StoreHolder holder(file);
     ASSERT_TRUE(holder.Held());
-    t.messages.answers = {Answer::Ignore, Answer::OK};  // go on; then configure now
-    FakeScreens screens(t.s);
-    screens.saves = true;
-    EXPECT_TRUE(CheckConfigurationAtStart(t.s, screens));
-    EXPECT_EQ(t.messages.Prompts().at(1), kFirstRun);
-    EXPECT_EQ(screens.shown.size(), 1u);
-    // The holder lets go while the program runs on; later saves still leave the file alone.
-    holder.Release();
-    ConfigurationSaveToReg(t.s);
-    RegWriteValue(t.s, HKEY_LOCAL_MACHINE, "\\SOFTWARE\\Vantrellion\\Config\\", "String",
-                  "LogFileName", "x.Log");
-    EXPECT_EQ(dir.Read("store.db"), bytes);
-    EXPECT_FALSE(dir.Exists("store.db-wal"));
-    EXPECT_FALSE(dir.Exists("store.db-journal"));
-
-    // Abort ends the start.
-    StoreHolder again(file);
-    KeyValueStore other(file, 300);
-    t.s.platform.store = &other;
     t.messages.answers = {Answer::Abort};
+    FakeScreens screens(t.s);
     EXPECT_FALSE(CheckConfigurationAtStart(t.s, screens));
+}
+
+// Every value of the configuration key as the store gives it, file or memory alike.
+std::map<std::string, std::string> ConfigValues(KeyValueStore& store) {
+    std::map<std::string, std::string> out;
+    std::vector<std::string> names;
+    store.ValueNames(HKEY_LOCAL_MACHINE, kKey, names);
+    for (const auto& name : names) {
+        StoredValue v;
+        store.QueryValue(HKEY_LOCAL_MACHINE, kKey, name, v);
+        out[name] = v.Text;
+    }
+    return out;
+}
+
+// Going on without the store under a lock that stays: the program runs on the built-in
+// configuration, stored in memory only.
+class IgnoredStore : public LockedStoreAtStart {
+  protected:
+    std::string bytes;
+    std::string values;
+    std::unique_ptr<StoreHolder> holder;
+
+    void SetUp() override {
+        LockedStoreAtStart::SetUp();
+        bytes = dir.Read("store.db");
+        values = StoredValues(file);
+        holder = std::make_unique<StoreHolder>(file);
+        ASSERT_TRUE(holder->Held());
+        t.messages.answers = {Answer::Ignore};
+        FakeScreens screens(t.s);
+        ASSERT_TRUE(CheckConfigurationAtStart(t.s, screens));
+        ASSERT_EQ(t.messages.shown.size(), 1u) << "no first-run question after the lock's box";
+        EXPECT_TRUE(screens.shown.empty());
+    }
+
+    // A full Save of the configuration screen, with the relay name that the user typed.
+    void SaveScreen(const std::string* relayName = nullptr) {
+        ConfigScreen f = NewConfigScreen(ConfigScreenKind::Configuration);
+        ConfigForm_Load(t.s, f);
+        if (relayName) f.txtRelayName[2] = *relayName;
+        cmdSave_Click(t.s, f);
+    }
+
+    // The picture of the stored values with some of them replaced.
+    static std::string WithValues(const std::string& picture,
+                                  const std::map<std::string, std::string>& replaced) {
+        std::string out;
+        std::istringstream lines(picture);
+        for (std::string line; std::getline(lines, line);) {
+            for (const auto& [name, text] : replaced) {
+                const std::string head = std::string(kKey) + "\\" + name + "=";
+                if (line.rfind(head, 0) == 0) line = head + text;
+            }
+            out += line + "\n";
+        }
+        return out;
+    }
+
+    void ExpectFileUntouched() {
+        EXPECT_EQ(dir.Read("store.db"), bytes);
+        EXPECT_FALSE(dir.Exists("store.db-wal"));
+        EXPECT_FALSE(dir.Exists("store.db-journal"));
+    }
+};
+
+TEST_F(IgnoredStore, RunsOnTheDefaultsAFirstConfigurationAcceptsAndNeverTouchesTheFile) {
+    // What a first run's screen stores when the user accepts every default.
+    test::TempDir other;
+    KeyValueStore fresh(other.Path() + "store.db");
+    TestSystem first;
+    first.s.platform.store = &fresh;
+    first.s.platform.machineDirectory = dir.Path();
+    ConfigScreen f = NewConfigScreen(ConfigScreenKind::Configuration);
+    ConfigForm_Load(first.s, f);
+    cmdSave_Click(first.s, f);
+    ForceFirstRunSwitches(first.s);
+    auto held = ConfigValues(*store);
+    // The start notes where the program runs from; a screen's Save does not.
+    held.erase("InstallPath");
+    held.erase("InstallName");
+    EXPECT_EQ(held, ConfigValues(fresh));
+    EXPECT_EQ(t.mod().LogFilePath, dir.Path());
+    EXPECT_EQ(t.mod().RunNoBoards, True);
+    EXPECT_EQ(t.mod().LoggingOnOff, True);
+    EXPECT_EQ(t.mod().Board[0].RelayName[7], "Relay: 8");
+
+    // Nothing the user changed: the program's own writes and a Save of the unchanged screen
+    // leave the file as it was, the lock held or gone.
+    ConfigurationLogFileNameSave(t.s);
+    SaveScreen();
+    holder->Release();
+    t.mod().LogFileName = "20261123.Log";
+    ConfigurationLogFileNameSave(t.s);
+    ConfigurationInstallPathSave(t.s, "/opt/elsewhere/");
+    SaveScreen();
+    ConfigurationSaveToReg(t.s);
+    ExpectFileUntouched();
+}
+
+TEST_F(IgnoredStore, ASaveWritesOnlyTheChangedValueAndTriesAgainAfterALock) {
+    const std::string pump = "Pump";
+    SaveScreen(&pump);  // the lock is still held: the write fails and is told
+    ExpectFileUntouched();
+    EXPECT_EQ(t.mod().Board[0].RelayName[2], pump);
+
+    holder->Release();
+    t.mod().LogFileName = "20261123.Log";
+    ConfigurationLogFileNameSave(t.s);
+    SaveScreen();  // the same value again: now it reaches the file
+
+    const std::string expected = WithValues(values, {{RelayNameValueName(0, 2), pump}});
+    ASSERT_NE(expected, values);
+    EXPECT_EQ(StoredValues(file), expected);
+}
+
+TEST_F(IgnoredStore, TheToolSwitchesAndTheChosenDataFileAreTheUsersChanges) {
+    holder->Release();
+    ConfigurationStoreAdapter commands(t.s);
+    t.mod().LoggingOnOff = False;
+    commands.ConfigurationFlagLoggingSave();
+    commands.ConfigurationFlagRunNoBoardsSave();  // unchanged: still the built-in emulation
+    t.mod().DataFileName = "farm.run";
+    commands.ConfigurationDataFileNameSave();
+    commands.ConfigurationDataFilePathSave();  // unchanged
+    EXPECT_EQ(StoredValues(file),
+              WithValues(values, {{"LoggingOnOff", "0"}, {"DataFileName", "farm.run"}}));
 }
 
 }  // namespace
