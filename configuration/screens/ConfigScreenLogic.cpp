@@ -2,7 +2,6 @@
 
 #include "configuration/DefaultConfiguration.h"
 #include "configuration/KeyValueStore.h"
-#include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 #include "configuration/screens/ConfigScreenFields.h"
