@@ -33,6 +33,7 @@ class frmLogFilePath : public QDialog {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Dir1_Change();
@@ -40,6 +41,9 @@ class frmLogFilePath : public QDialog {
 
     System& s_;
     QFileSystemModel* model_;
+    // The user has touched the tree (a click, a key, the wheel, the scroll bar): from then on
+    // the loads of the directories no longer move the view.
+    bool userMoved_ = false;
 };
 
 }  // namespace vantrellion
