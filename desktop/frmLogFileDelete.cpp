@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "desktop/ExistingDirectory.h"
 #include "desktop/QtConvert.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 #include "logging/LogFileMaintenance.h"
@@ -19,17 +20,6 @@ constexpr int kWindowIcon = 225;
 // Run-time error numbers of the open test.
 constexpr int kErrFileNotFound = 53;
 constexpr int kErrPathFileAccess = 75;
-
-// The directory itself when it exists, else its nearest existing parent.
-QString ExistingDirectory(const QString& path) {
-    QString dir = QDir::cleanPath(QDir(path).absolutePath());
-    while (!QFileInfo(dir).isDir()) {
-        const QString parent = QFileInfo(dir).path();
-        if (parent == dir) return QDir::rootPath();
-        dir = parent;
-    }
-    return dir;
-}
 
 QString UserDataHome() {
     const QString xdg = qEnvironmentVariable("XDG_DATA_HOME");

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "desktop/ExistingDirectory.h"
 #include "desktop/QtConvert.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 #include "logging/LogFilePathChoice.h"
@@ -18,18 +19,6 @@ namespace vantrellion {
 namespace {
 
 constexpr int kWindowIcon = 230;
-
-// The directory itself when it exists, else its nearest existing parent: a log directory that
-// has gone leaves the tree where the file system still has something to show.
-QString ExistingDirectory(const QString& path) {
-    QString dir = QDir::cleanPath(QDir(path).absolutePath());
-    while (!QFileInfo(dir).isDir()) {
-        const QString parent = QFileInfo(dir).path();
-        if (parent == dir) return QDir::rootPath();
-        dir = parent;
-    }
-    return dir;
-}
 
 }  // namespace
 

@@ -20,6 +20,7 @@
 #include "desktop/frmSplash.h"
 #include "engine/Tick.h"
 #include "logging/LogFileName.h"
+#include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
 #include "tests/desktop/ModalAnswerer.h"
 #include "tests/desktop/ModalSteps.h"
@@ -187,17 +188,7 @@ TEST(AuxiliaryWindows, TickWritesTheLogWhileTheViewerIsOpen) {
     FakeClock clock;
     clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2};
     SimulatedPorts ports;
-    {
-        KeyValueStore store(dir.File("store.db"));
-        TestSystem t;
-        t.s.platform.store = &store;
-        t.s.platform.machineDirectory = dir.Path();
-        t.mod().LoggingOnOff = True;
-        t.mod().RunNoBoards = True;
-        t.mod().LogFilePath = dir.Path();
-        t.mod().DataFilePath = dir.Path();
-        ConfigurationSaveToReg(t.s);
-    }
+    { SaveTestConfiguration(dir, True, True); }
     auto app = std::make_unique<VantrellionApp>(
         VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr, {}});
     ASSERT_TRUE(app->Main());

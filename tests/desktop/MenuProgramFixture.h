@@ -18,6 +18,7 @@
 #include "desktop/VantrellionApp.h"
 #include "logging/LogFileName.h"
 #include "support/Fakes.h"
+#include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
 
 namespace vantrellion::test {
@@ -35,16 +36,7 @@ class MenuProgramTest : public ::testing::Test {
     // A configuration as the configuration screen saves it: board 1 at 0x300 with inputs at
     // 0x301 and reset at exit, logging into the machine directory.
     void PrepareStore(Flag runNoBoards, Flag logging = True) {
-        KeyValueStore store(dir.File("store.db"));
-        TestSystem t;
-        t.s.platform.store = &store;
-        t.s.platform.machineDirectory = dir.Path();
-        t.mod().LoggingOnOff = logging;
-        t.mod().RunNoBoards = runNoBoards;
-        t.mod().LogFilePath = dir.Path();
-        t.mod().DataFilePath = dir.Path();
-        ConfigurationSaveToReg(t.s);
-        ASSERT_TRUE(t.messages.shown.empty());
+        SaveTestConfiguration(dir, runNoBoards, logging);
     }
     void Start() {
         app = std::make_unique<VantrellionApp>(

@@ -21,6 +21,7 @@
 #include "logging/LogFileName.h"
 #include "runfile/CrashRestart.h"
 #include "support/Fakes.h"
+#include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
 #include "tests/desktop/ModalAnswerer.h"
 
@@ -42,18 +43,7 @@ class ProgramTest : public ::testing::Test {
 
     // A configuration as a Save of the configuration screen leaves it: board 1 at 0x300,
     // logging on into the machine directory.
-    void PrepareStore(Flag runNoBoards = True) {
-        KeyValueStore store(dir.File("store.db"));
-        TestSystem t;
-        t.s.platform.store = &store;
-        t.s.platform.machineDirectory = dir.Path();
-        t.mod().LoggingOnOff = True;
-        t.mod().RunNoBoards = runNoBoards;
-        t.mod().LogFilePath = dir.Path();
-        t.mod().DataFilePath = dir.Path();
-        ConfigurationSaveToReg(t.s);
-        ASSERT_TRUE(t.messages.shown.empty());
-    }
+    void PrepareStore(Flag runNoBoards = True) { SaveTestConfiguration(dir, runNoBoards, True); }
     bool Start() {
         app = std::make_unique<VantrellionApp>(
             VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr, dir.Path()});

@@ -14,6 +14,7 @@
 #include "configuration/clsConfiguration.h"
 #include "desktop/VantrellionApp.h"
 #include "support/Fakes.h"
+#include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
 
 namespace vantrellion::test {
@@ -41,14 +42,7 @@ class RunOnBootMenuTest : public ::testing::Test {
         savedHome = Get("XDG_CONFIG_HOME");
         Put("XDG_CONFIG_DIRS", dir.Path() + "xdg:/etc/xdg");
         Put("XDG_CONFIG_HOME", dir.Path() + "config");
-        KeyValueStore store(dir.File("store.db"));
-        TestSystem t;
-        t.s.platform.store = &store;
-        t.s.platform.machineDirectory = dir.Path();
-        t.mod().RunNoBoards = True;
-        t.mod().LogFilePath = dir.Path();
-        t.mod().DataFilePath = dir.Path();
-        ConfigurationSaveToReg(t.s);
+        SaveTestConfiguration(dir, True, False);
     }
     void TearDown() override {
         Stop();

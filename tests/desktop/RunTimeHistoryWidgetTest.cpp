@@ -16,6 +16,7 @@
 #include "desktop/VantrellionApp.h"
 #include "desktop/frmRunTimeHistory.h"
 #include "support/Fakes.h"
+#include "support/SavedConfiguration.h"
 #include "tests/history/HistoryTestSupport.h"
 
 namespace vantrellion::test {
@@ -141,17 +142,7 @@ TEST(RunTimeHistoryMenu, ToolMenuEndsWithTheEntryAndItsWindowLeavesTheTickRunnin
     FakeClock clock;
     clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2};
     SimulatedPorts ports;
-    {
-        KeyValueStore store(dir.File("store.db"));
-        TestSystem t;
-        t.s.platform.store = &store;
-        t.s.platform.machineDirectory = dir.Path();
-        t.mod().LoggingOnOff = True;
-        t.mod().RunNoBoards = True;
-        t.mod().LogFilePath = dir.Path();
-        t.mod().DataFilePath = dir.Path();
-        ConfigurationSaveToReg(t.s);
-    }
+    { SaveTestConfiguration(dir, True, True); }
     VantrellionApp app({dir.Path(), &clock, &ports, nullptr, nullptr, {}});
     ASSERT_TRUE(app.Main());
     QMenu* tool = app.MainWindow()->SubMenu("mnuTool");

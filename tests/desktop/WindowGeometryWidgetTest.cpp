@@ -16,6 +16,7 @@
 #include "desktop/VantrellionApp.h"
 #include "desktop/frmLogFilePath.h"
 #include "support/Fakes.h"
+#include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
 #include "support/TempStore.h"
 
@@ -49,14 +50,7 @@ class ProgramWindows : public ::testing::Test {
         clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2};
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                            QString::fromStdString(settingsDir.Path()));
-        KeyValueStore store(dir.File("store.db"));
-        TestSystem t;
-        t.s.platform.store = &store;
-        t.s.platform.machineDirectory = dir.Path();
-        t.mod().RunNoBoards = True;
-        t.mod().LogFilePath = dir.Path();
-        t.mod().DataFilePath = dir.Path();
-        ConfigurationSaveToReg(t.s);
+        SaveTestConfiguration(dir, True, False);
     }
     void TearDown() override { Stop(); }
     void Start() {
