@@ -301,6 +301,7 @@ TimelineWidget::TimelineWidget(QWidget* parent) : QWidget(parent) {
 
 void TimelineWidget::SetTimeline(Timeline t) {
     timeline_ = std::move(t);
+    updateGeometry();  // the lane count sets the height it needs
     update();
 }
 
@@ -321,7 +322,9 @@ QSize TimelineWidget::sizeHint() const {
 }
 
 QSize TimelineWidget::minimumSizeHint() const {
-    return {300, 2 * fontMetrics().height() + 14 + 8 * 10};
+    // Every lane at least as high as its name, so that the names at the left never overlap.
+    const int lanes = std::max<int>(1, static_cast<int>(timeline_.Lanes.size()));
+    return {300, 2 * fontMetrics().height() + 14 + lanes * (fontMetrics().height() + 2)};
 }
 
 void TimelineWidget::paintEvent(QPaintEvent*) {
