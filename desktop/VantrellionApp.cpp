@@ -13,6 +13,7 @@
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
 #include "core/MachineDirectory.h"
+#include "desktop/DesignFont.h"
 #include "desktop/EventGuard.h"
 #include "desktop/FormPosition.h"
 #include "desktop/HelpAndLogMenus.h"
@@ -31,6 +32,7 @@
 namespace vantrellion {
 
 VantrellionApp::VantrellionApp(Options o) {
+    QApplication::setFont(DesignFont(9));
     Platform& p = s_.platform;
     p.machineDirectory = o.machineDirectory;
     p.documentsDirectory = o.documentsDirectory.empty() ? o.machineDirectory : o.documentsDirectory;

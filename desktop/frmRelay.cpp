@@ -11,6 +11,7 @@
 
 #include "configuration/clsExeOrIDE.h"
 #include "core/clsResizeFormCntls.h"
+#include "desktop/DesignFont.h"
 #include "desktop/FormPosition.h"
 #include "desktop/QtConvert.h"
 #include "desktop/resources/clsLoadCustomResource.h"
@@ -434,10 +435,7 @@ void frmRelay::SizeFormToRows() {
 }
 
 void frmRelay::ApplyRunTimeFonts() {
-    QFont base("Arial");
-    base.setPointSizeF(8.25);
-    base.setWeight(QFont::Normal);
-    setFont(base);
+    setFont(DesignFont(8.25));
     // Controls are matched by their exact name; "txtdaysofweek" matches none, so the days
     // field keeps its design font and limits.
     struct Entry {
@@ -453,10 +451,7 @@ void frmRelay::ApplyRunTimeFonts() {
     for (QWidget* w : findChildren<QWidget*>()) {
         for (const Entry& e : kTable) {
             if (w->objectName() != QLatin1String(e.name)) continue;
-            QFont f("Arial");
-            f.setPointSizeF(e.size);
-            f.setWeight(QFont::Normal);
-            w->setFont(f);
+            w->setFont(DesignFont(e.size));
             if (auto* edit = qobject_cast<QLineEdit*>(w); edit && e.maxLength > 0)
                 edit->setMaxLength(e.maxLength);
         }
