@@ -1,7 +1,5 @@
 #include "desktop/frmRunTimeHistory.h"
 
-#include <QBarSeries>
-#include <QBarSet>
 #include <QCursor>
 #include <QHBoxLayout>
 #include <QSplitter>
@@ -56,10 +54,13 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     cmdShow = Button(this, "cmdShow", "Show");
     cmdExportPng = Button(this, "cmdExportPng", "Export PNG...");
     cmdExportCsv = Button(this, "cmdExportCsv", "Export CSV...");
-    chvHistory = new QChartView(this);
-    chvHistory->setObjectName("chvHistory");
-    chvHistory->setRenderHint(QPainter::Antialiasing);
-    chvHistory->setMinimumHeight(320);
+    chtHistory = new HistoryChartWidget(this);
+    chtHistory->setObjectName("chtHistory");
+    chtHistory->setMinimumHeight(320);
+    chtHistory->OnHover = [this](const HistoryBar* bar) { ShowBarValue(bar); };
+    chtHistory->OnClick = [this](const HistoryBar& bar) {
+        dtpDay->setDate(ToQDate(history_.Days[static_cast<size_t>(bar.Day)].Start));
+    };
     lblHover = new QLabel(this);
     lblHover->setObjectName("lblHover");
     lblSummary = new QLabel(this);
@@ -90,7 +91,7 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     dayLayout->addLayout(dayRow);
     dayLayout->addWidget(tlDay, 1);
     auto* split = new QSplitter(Qt::Vertical, this);
-    split->addWidget(chvHistory);
+    split->addWidget(chtHistory);
     split->addWidget(dayPanel);
     split->setStretchFactor(0, 3);
     split->setStretchFactor(1, 2);
@@ -135,24 +136,7 @@ void frmRunTimeHistory::cmdShow_Click() {
     first = std::max(first, last - 3660 * SecondsPerDay);
     history_ = ReadRunTimeHistory({LogDirectory(), first, last, ToLocalSeconds(s_.clock().Now())});
 
-    QChart* chart = MakeHistoryChart(history_, labels_);
-    for (QAbstractSeries* series : chart->series()) {
-        auto* bars = qobject_cast<QBarSeries*>(series);
-        if (!bars) continue;
-        const QList<QBarSet*> sets = bars->barSets();
-        for (int n = 0; n < sets.size(); ++n) {
-            const int lane = sets[n]->property("lane").toInt();
-            connect(sets[n], &QBarSet::hovered, this,
-                    [this, lane](bool entered, int day) { ShowBarValue(entered, day, lane); });
-            connect(sets[n], &QBarSet::clicked, this, [this](int day) {
-                if (day >= 0 && static_cast<size_t>(day) < history_.Days.size())
-                    dtpDay->setDate(ToQDate(history_.Days[static_cast<size_t>(day)].Start));
-            });
-        }
-    }
-    QChart* old = chvHistory->chart();
-    chvHistory->setChart(chart);
-    delete old;
+    chtHistory->SetHistory(history_, labels_);
 
     int missing = 0, restarts = 0;
     for (const HistoryDay& d : history_.Days) {
@@ -180,14 +164,14 @@ void frmRunTimeHistory::dtpDay_Change() {
     tlDay->SetTimeline(HistoryTimeline(dayHistory_, labels_, {day, day + SecondsPerDay}));
 }
 
-void frmRunTimeHistory::ShowBarValue(bool entered, int day, int lane) {
-    if (!entered) {
+void frmRunTimeHistory::ShowBarValue(const HistoryBar* bar) {
+    if (!bar) {
         QToolTip::hideText();
         return;
     }
-    const QString text = HistoryBarText(history_, labels_, lane, day);
+    const QString text = HistoryBarText(history_, labels_, bar->Lane, bar->Day);
     lblHover->setText(text);
-    QToolTip::showText(QCursor::pos(), text, chvHistory);
+    QToolTip::showText(QCursor::pos(), text, chtHistory);
 }
 
 bool frmRunTimeHistory::Save(const std::string& title, const std::string& filter,
@@ -211,7 +195,7 @@ void frmRunTimeHistory::cmdExportPng_Click() {
     const std::string name = "history_" + IsoDate(history_.Range.From) + ".png";
     Save("Export Chart", "PNG Picture (*.png)|*.png", name, [this](const std::string& path) {
         return WriteHistoryChartPng(history_, labels_, Q(path),
-                                    chvHistory->size().expandedTo({800, 480}));
+                                    chtHistory->size().expandedTo({800, 480}));
     });
 }
 

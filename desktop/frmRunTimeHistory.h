@@ -6,7 +6,6 @@
 // pressed and when the day changes; the tick goes on meanwhile.
 #pragma once
 
-#include <QChartView>
 #include <QDateEdit>
 #include <QDialog>
 #include <QLabel>
@@ -15,6 +14,7 @@
 #include <string>
 
 #include "core/SharedState.h"
+#include "desktop/RunTimeHistoryChart.h"
 #include "desktop/TimelinePainter.h"
 #include "history/HistoryReport.h"
 
@@ -30,7 +30,7 @@ class frmRunTimeHistory : public QDialog {
     QPushButton* cmdShow;
     QPushButton* cmdExportPng;
     QPushButton* cmdExportCsv;
-    QChartView* chvHistory;
+    HistoryChartWidget* chtHistory;
     QLabel* lblHover;
     QLabel* lblSummary;
     QDateEdit* dtpDay;
@@ -50,7 +50,7 @@ class frmRunTimeHistory : public QDialog {
 
   private:
     std::string LogDirectory() const;
-    void ShowBarValue(bool entered, int day, int lane);
+    void ShowBarValue(const HistoryBar* bar);
     bool Save(const std::string& title, const std::string& filter, const std::string& name,
               const std::function<bool(const std::string&)>& write);
 

@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlite3-dev libgtest-dev libgmock-dev
           libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils qt6-svg-dev
-          qt6-charts-dev libqt6opengl6-dev fonts-urw-base35 openbox)
+          fonts-urw-base35 openbox)
 
 # Other lists (the packaging tools) name their packages as arguments.
 [ $# -gt 0 ] && packages=("$@")

@@ -5,9 +5,9 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QBarSeries>
-#include <QBarSet>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QTest>
 
 #include "configuration/KeyValueStore.h"
 #include "configuration/clsConfiguration.h"
@@ -87,28 +87,50 @@ TEST_F(RunTimeHistoryWidgetTest, ChartHasABarPerRelayWithDataAsHighAsItsHours) {
     for (int n = 3; n < 8; ++n)  // never on: no bar, no legend entry
         EXPECT_EQ(BarHeight(img, kColors[n]), 0) << "relay " << n + 1;
 
-    // The window's own chart holds the same figures, with the hours not logged last.
-    auto* series = qobject_cast<QBarSeries*>(w->chvHistory->chart()->series().at(0));
-    ASSERT_NE(series, nullptr);
-    const QList<QBarSet*> sets = series->barSets();
-    ASSERT_EQ(sets.size(), 4);
-    EXPECT_EQ(sets[0]->label(), "Relay 1");
-    EXPECT_DOUBLE_EQ(sets[0]->at(0), 12.0);
-    EXPECT_DOUBLE_EQ(sets[2]->at(1), 3.0);
-    EXPECT_EQ(sets[3]->label(), "Not logged");
-    EXPECT_DOUBLE_EQ(sets[3]->at(0), 0.0);
-    EXPECT_DOUBLE_EQ(sets[3]->at(1), 6.0);
+    // The window's own chart holds the same figures, with the hours not logged last, and
+    // tells the value of the bar under the mouse.
+    w->show();
+    QApplication::processEvents();
+    const HistoryChartLayout& l = w->chtHistory->Layout();
+    ASSERT_EQ(l.Lanes, (std::vector<int>{0, 1, 2, NotLoggedLane}));
+    ASSERT_EQ(l.Bars.size(), 8u);
+    const auto bar = [&](int lane, int day) {
+        for (const HistoryBar& b : l.Bars)
+            if (b.Lane == lane && b.Day == day) return b;
+        ADD_FAILURE() << "no bar " << lane << " " << day;
+        return HistoryBar{};
+    };
+    EXPECT_DOUBLE_EQ(bar(0, 0).Hours, 12.0);
+    EXPECT_DOUBLE_EQ(bar(2, 1).Hours, 3.0);
+    EXPECT_DOUBLE_EQ(bar(NotLoggedLane, 0).Hours, 0.0);
+    EXPECT_DOUBLE_EQ(bar(NotLoggedLane, 1).Hours, 6.0);
+    EXPECT_NEAR(bar(0, 0).Rect.height(), l.Plot.height() / 2, 0.01);
+    EXPECT_LT(bar(0, 0).Rect.right(), bar(1, 0).Rect.left() + 0.01);       // side by side
+    EXPECT_LT(bar(NotLoggedLane, 0).Rect.right(), bar(0, 1).Rect.left());  // days apart
 
-    emit sets[1]->hovered(true, 0);
+    const auto moveTo = [&](QPointF at) {
+        QMouseEvent move(QEvent::MouseMove, at, w->chtHistory->mapToGlobal(at), Qt::NoButton,
+                         Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(w->chtHistory, &move);
+    };
+    moveTo(bar(1, 0).Rect.center());
     EXPECT_EQ(w->lblHover->text(), "Relay 2, 2026-11-14: 6.00 h");
-    emit sets[3]->hovered(true, 1);
+    // Above a short bar still counts as that bar.
+    moveTo(QPointF(bar(NotLoggedLane, 1).Rect.center().x(), l.Plot.top() + 2));
     EXPECT_EQ(w->lblHover->text(), "Not logged, 2026-11-15: 6.00 h");
+    EXPECT_EQ(l.BarAt(QPointF(l.Plot.left() - 3, l.Plot.center().y())), nullptr);
 }
 
 TEST_F(RunTimeHistoryWidgetTest, AClickedBarShowsItsDayWithTheGapShaded) {
     auto w = Open();
-    auto* series = qobject_cast<QBarSeries*>(w->chvHistory->chart()->series().at(0));
-    emit series->barSets()[0]->clicked(1);
+    w->show();
+    QApplication::processEvents();
+    const HistoryChartLayout& l = w->chtHistory->Layout();
+    const auto onDay2 = std::find_if(l.Bars.begin(), l.Bars.end(),
+                                     [](const HistoryBar& b) { return b.Lane == 0 && b.Day == 1; });
+    ASSERT_NE(onDay2, l.Bars.end());
+    QTest::mouseClick(w->chtHistory, Qt::LeftButton, Qt::NoModifier,
+                      onDay2->Rect.center().toPoint());
     EXPECT_EQ(w->dtpDay->date(), QDate(2026, 11, 15));
     const Timeline& day = w->tlDay->CurrentTimeline();
     EXPECT_EQ(day.Range.From, d2);
