@@ -94,6 +94,11 @@ class KeyValueStore : public KeyValueBackend {
         KeyValueStore* store_;
     };
 
+    // Closes the file between uses: the database library is loaded only while a store has a
+    // file open, and the program idles for hours between two uses. The next use opens the file
+    // again. Nothing happens while memory serves, whose values would be lost.
+    void ReleaseFile();
+
     // The notices that are due for the user, each told once; the list is emptied.
     std::vector<std::string> TakeNotices() override;
 
@@ -106,6 +111,7 @@ class KeyValueStore : public KeyValueBackend {
     void OpenInMemory();
     bool PrepareSchema();
     void Close();
+    bool HoldLibrary(std::string& error);
     void Note(Problem p, const std::string& detail = "");
     void NoteFailure(int rc);
     void NoteSuccess();
@@ -124,6 +130,7 @@ class KeyValueStore : public KeyValueBackend {
     std::string filePath_;
     int busyTimeoutMs_;
     sqlite3* db_ = nullptr;
+    bool holdsLibrary_ = false;  // this store holds the database library loaded
     bool inMemory_ = false;
     bool readOnly_ = false;
     bool walReady_ = false;       // the file is in WAL mode

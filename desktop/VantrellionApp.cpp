@@ -50,8 +50,12 @@ VantrellionApp::VantrellionApp(Options o) {
     p.store = store_.get();
     p.configuration = &configurationSaves_;
     timer_.SetEnabled(false);
-    QObject::connect(timer_.Timer(), &QTimer::timeout,
-                     [this] { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
+    QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
+        RunOrEnd(s_, [this] { CheckTimeTick(s_); });
+        // The store is closed again after whatever used it (the start, a setting, the name of
+        // a new day's log), so that the database library is not kept loaded while idle.
+        store_->ReleaseFile();
+    });
     RegisterFormPositionSystem(&s_);
 }
 

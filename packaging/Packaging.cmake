@@ -68,6 +68,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${VANTRELLION_HOMEPAGE})
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# SQLite is loaded while the store is open, not linked, so the scan of the programs does not
+# find it.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsqlite3-0")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Vantrellion runs a daily time schedule for the relays of a digital I/O board

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -116,6 +117,37 @@ TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
     EXPECT_EQ(ReadText(reader, "SOFTWARE\\Shared", "b99"), "-99");
     EXPECT_EQ(ReadText(reader, "K", "t"), std::string("a\0b", 3));
     EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
+}
+
+// Between uses the store lets its file go; the next use opens it again and finds what was
+// written meanwhile, by itself or by another program. A store held in memory keeps its values.
+TEST(KeyValueStore, ReleasedBetweenUsesAndOpenedAgainAtTheNext) {
+    TempDir dir;
+    const std::string file = dir.Path() + "store.db";
+    KeyValueStore store(file);
+    ASSERT_EQ(Set(store, kConfig, "a", "1"), StoreStatus::Ok);
+    ASSERT_TRUE(std::filesystem::exists(file + "-wal"));
+    store.ReleaseFile();
+    EXPECT_FALSE(std::filesystem::exists(file + "-wal"));  // the last connection is closed
+    {
+        KeyValueStore other(file);
+        ASSERT_EQ(Set(other, kConfig, "b", "2"), StoreStatus::Ok);
+    }
+    EXPECT_EQ(ReadText(store, kConfig, "a"), "1");
+    EXPECT_EQ(ReadText(store, kConfig, "b"), "2");
+    ASSERT_EQ(Set(store, kConfig, "a", "3"), StoreStatus::Ok);
+    store.ReleaseFile();
+    store.ReleaseFile();
+    EXPECT_EQ(RawQuery(file, "SELECT data FROM \"values\" WHERE name = 'a'"), "3");
+    EXPECT_TRUE(store.TakeNotices().empty());
+
+    const std::string damaged = dir.Path() + "damaged.db";
+    std::ofstream(damaged, std::ios::binary) << std::string(5000, '\x5a');
+    KeyValueStore memory(damaged);
+    ASSERT_EQ(Set(memory, kConfig, "kept", "yes"), StoreStatus::Ok);
+    ASSERT_TRUE(memory.InMemory());
+    memory.ReleaseFile();
+    EXPECT_EQ(ReadText(memory, kConfig, "kept"), "yes");
 }
 
 // A file that is not a store is told once, by name, left untouched, and an empty store in

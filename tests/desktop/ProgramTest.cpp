@@ -1,6 +1,7 @@
 // The whole program from its entry on: a temporary machine directory with a prepared store,
 // real windows, message boxes and file dialogs on the offscreen platform, and fakes only for
 // the clock and the ports.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -14,6 +15,7 @@
 #include <memory>
 
 #include "configuration/KeyValueStore.h"
+#include "configuration/SqliteLibrary.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
 #include "desktop/VantrellionApp.h"
@@ -76,6 +78,29 @@ TEST_F(ProgramTest, NormalStartShowsANewScheduleAndRunsTheTick) {
     EXPECT_EQ(Window().lblTotalTime[1]->text(), ">Manual<");
     EXPECT_EQ(Window().Menu("mnuStateDisplayState", 0)->text(), "RelayState 1 : - 2 - - - - - -");
     EXPECT_TRUE(app->Timer().IsEnabled());
+}
+
+// The database library is loaded while the store is in use only: the start reads the store,
+// the tick after it closes the store and the library goes; a later change loads it again.
+TEST_F(ProgramTest, TheDatabaseLibraryIsLoadedOnlyWhileTheStoreIsInUse) {
+    const auto loaded = [] {
+        void* handle = dlopen(SqliteLibraryName, RTLD_NOW | RTLD_NOLOAD);
+        if (handle) dlclose(handle);
+        return handle != nullptr;
+    };
+    PrepareStore();
+    ASSERT_FALSE(loaded());
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(loaded());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !loaded(); }, 3000));
+    EXPECT_EQ(Sys().modRelay.LogFilePath, dir.Path());  // read before it went
+    constexpr RegRoot kMachine = 0x80000002u;
+    ASSERT_TRUE(RegWriteValue(Sys(), kMachine, "SOFTWARE\\Vantrellion\\Test", "String", "Reloaded",
+                              "yes", true));
+    EXPECT_TRUE(loaded());
+    EXPECT_EQ(RegReadWithSentinels(Sys(), kMachine, "SOFTWARE\\Vantrellion\\Test", "Reloaded"),
+              "yes");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !loaded(); }, 3000));
 }
 
 TEST_F(ProgramTest, StartAfterACrashTakesTheScheduleBack) {
