@@ -17,6 +17,7 @@
 #include "desktop/EventGuard.h"
 #include "desktop/FormPosition.h"
 #include "desktop/HelpAndLogMenus.h"
+#include "desktop/ProgramStyle.h"
 #include "desktop/RowEvents.h"
 #include "desktop/RunOnBootMenu.h"
 #include "desktop/RunTimeHistoryMenu.h"
@@ -33,6 +34,7 @@ namespace vantrellion {
 
 VantrellionApp::VantrellionApp(Options o) {
     QApplication::setFont(DesignFont(9));
+    QApplication::setStyle(new ProgramStyle);
     Platform& p = s_.platform;
     p.machineDirectory = o.machineDirectory;
     p.documentsDirectory = o.documentsDirectory.empty() ? o.machineDirectory : o.documentsDirectory;

@@ -10,8 +10,11 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QTest>
+#include <QToolButton>
 #include <memory>
 
 #include "configuration/KeyValueStore.h"
@@ -101,6 +104,25 @@ TEST_F(ProgramTest, TheDatabaseLibraryIsLoadedOnlyWhileTheStoreIsInUse) {
     EXPECT_EQ(RegReadWithSentinels(Sys(), kMachine, "SOFTWARE\\Vantrellion\\Test", "Reloaded"),
               "yes");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !loaded(); }, 3000));
+}
+
+// Qt's picture plugins stay loaded once any is asked to read a file; a start reads its own
+// pictures as PNG and the menu bar's arrows are drawn, so none is loaded for the life of an
+// idle program.
+TEST_F(ProgramTest, StartLoadsNoPicturePlugin) {
+    PrepareStore();
+    ASSERT_TRUE(Start());
+    QApplication::processEvents();
+    const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/imageformats");
+    const QStringList files = plugins.entryList({"*.so"}, QDir::Files);
+    ASSERT_FALSE(files.empty()) << "no picture plugin is installed to check";
+    for (const QString& file : files) {
+        void* handle =
+            dlopen(plugins.filePath(file).toLocal8Bit().constData(), RTLD_NOW | RTLD_NOLOAD);
+        EXPECT_EQ(handle, nullptr) << file.toStdString();
+        if (handle) dlclose(handle);
+    }
+    EXPECT_FALSE(Window().menuBar()->findChild<QToolButton*>()->icon().isNull());
 }
 
 TEST_F(ProgramTest, StartAfterACrashTakesTheScheduleBack) {
