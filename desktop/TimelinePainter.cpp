@@ -71,9 +71,11 @@ void PaintAxis(QPainter& p, const TimelineLayout& l) {
             const int x = l.XOf(t);
             p.setPen(GridHour);
             p.drawLine(x, l.Plot.top(), x, l.Plot.bottom());
-            p.setPen(TextColor);
             const int secs = static_cast<int>(t - FloorTo(t, Day));
             const QString text = QString::asprintf("%02d:%02d", secs / 3600, secs / 60 % 60);
+            // A label that would run past the right edge is left out rather than cut.
+            if (x + (fm.horizontalAdvance(text) + 1) / 2 > l.Plot.right()) continue;
+            p.setPen(TextColor);
             p.drawText(x - fm.horizontalAdvance(text) / 2, hourTextY, text);
         }
     }
@@ -93,7 +95,13 @@ void PaintAxis(QPainter& p, const TimelineLayout& l) {
         if (t > from && (everyDayLine || labelled)) {
             const int x = l.XOf(t);
             p.setPen(GridDay);
-            p.drawLine(x, l.Axis.top(), x, l.Plot.bottom());
+            if (hourStep > 0) {
+                // The line leaves a gap for the midnight's "00:00" in the row of the hours.
+                p.drawLine(x, l.Axis.top(), x, hourTextY - fm.ascent() - 1);
+                p.drawLine(x, hourTextY + fm.descent() + 1, x, l.Plot.bottom());
+            } else {
+                p.drawLine(x, l.Axis.top(), x, l.Plot.bottom());
+            }
             if (hourStep > 0) {
                 p.setPen(TextColor);
                 p.drawText(x - fm.horizontalAdvance(QStringLiteral("00:00")) / 2, hourTextY,

@@ -75,6 +75,36 @@ TEST(TimelinePainter, LanesCarryTheGroupColourExactlyWhereTheRelayIsOn) {
     EXPECT_LT(inGap.lightness(), offColour.lightness());
 }
 
+// The midnight line stops short of the midnight's "00:00" label, and an hour label that would
+// run past the right edge is left out, not cut.
+TEST(TimelinePainter, AxisLabelsAreNeitherCrossedNorCut) {
+    Timeline t = TwoDays();
+    t.Range.To = Start + 45 * Hour + 600;  // "21:00" of the second day would end past the edge
+    const QSize size(960, 240);
+    const QImage img = RenderTimeline(t, size);
+    QImage probe(1, 1, QImage::Format_RGB32);
+    QPainter fmPainter(&probe);
+    const QFontMetrics fm = fmPainter.fontMetrics();
+    const TimelineLayout l = LayoutTimeline(QRect(QPoint(0, 0), size), t, fm);
+    fmPainter.end();
+
+    const int hourTextY = l.Axis.top() + fm.ascent() + 1 + fm.height() + 1;
+    const int x = l.XOf(Start + 24 * Hour);
+    const QRgb dayLine = qRgb(110, 110, 110);
+    int crossing = 0;
+    for (int y = hourTextY - fm.ascent() + 1; y < hourTextY; ++y)
+        crossing += img.pixel(x, y) == dayLine;
+    EXPECT_EQ(crossing, 0);
+    EXPECT_EQ(img.pixel(x, l.Axis.top() + 1), dayLine);  // the line is there above the label
+    EXPECT_EQ(img.pixel(x, l.Plot.top() - 1), dayLine);  // and below it
+
+    int cut = 0;
+    for (int y = hourTextY - fm.ascent(); y <= hourTextY; ++y)
+        for (int col = l.Plot.right() - 1; col < size.width(); ++col)
+            cut += qGray(img.pixel(col, y)) < 160;
+    EXPECT_EQ(cut, 0);
+}
+
 TEST(TimelinePainter, TimeAndPositionMapBothWays) {
     const Timeline t = TwoDays();
     TimelineLayout l;
