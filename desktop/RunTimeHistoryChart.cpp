@@ -116,6 +116,8 @@ HistoryChartLayout LayOutHistoryChart(const RunTimeHistory& h, const HistoryLabe
 
     if (h.Days.empty()) return l;
     const double groupW = l.Plot.width() / static_cast<double>(h.Days.size());
+    const double labelExtent = l.RotatedDayLabels ? fm.height() : labelW;
+    l.DayLabelStep = static_cast<size_t>(std::max(1.0, std::ceil((labelExtent + 4) / groupW)));
     const double barW = groupW * 0.8 / static_cast<double>(l.Lanes.size());
     for (size_t d = 0; d < h.Days.size(); ++d) {
         const HistoryDay& day = h.Days[d];
@@ -174,12 +176,7 @@ void PaintHistoryChart(QPainter& p, const RunTimeHistory& h, const HistoryLabels
     // The days: as many labels as fit without overlapping, under the middle of their group.
     if (!h.Days.empty()) {
         const double groupW = l.Plot.width() / static_cast<double>(h.Days.size());
-        double extent = 0;
-        for (const HistoryDay& d : h.Days)
-            extent = std::max(extent,
-                              l.RotatedDayLabels ? fm.height() : fm.horizontalAdvance(DayLabel(d)));
-        const size_t step = static_cast<size_t>(std::max(1.0, std::ceil((extent + 4) / groupW)));
-        for (size_t d = 0; d < h.Days.size(); d += step) {
+        for (size_t d = 0; d < h.Days.size(); d += l.DayLabelStep) {
             const QString text = DayLabel(h.Days[d]);
             const double x = l.Plot.left() + (static_cast<double>(d) + 0.5) * groupW;
             if (l.RotatedDayLabels) {

@@ -34,7 +34,8 @@ struct HistoryChartLayout {
     QRectF DayLabels;
     QRectF Legend;
     bool RotatedDayLabels = false;
-    std::vector<int> Lanes;  // the lanes with a bar: relays with on-time, then NotLoggedLane
+    size_t DayLabelStep = 1;  // every how many days a label fits without overlapping
+    std::vector<int> Lanes;   // the lanes with a bar: relays with on-time, then NotLoggedLane
     std::vector<HistoryBar> Bars;
 
     // The bar under a point, or null.
