@@ -1,12 +1,19 @@
-// The directory trees of the log windows open at a directory that may have gone since.
+// The directory trees of the log windows: the whole file system by directories, opened at a
+// directory that may have gone since.
 #pragma once
 
+#include <QFileSystemModel>
 #include <QString>
+#include <QTreeView>
 
 namespace vantrellion {
 
 // The directory itself when it exists, else its nearest existing parent, so that the tree
 // opens where the file system still has something to show.
 QString ExistingDirectory(const QString& path);
+
+// The tree "Dir1" over model, which it fills with every directory from the root on, hidden ones
+// too (the default log directory lies in one); names only, no other columns.
+QTreeView* DirectoryTree(QWidget* parent, QFileSystemModel* model);
 
 }  // namespace vantrellion

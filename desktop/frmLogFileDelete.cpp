@@ -64,15 +64,7 @@ frmLogFileDelete::frmLogFileDelete(System& s, QWidget* parent) : QDialog(parent)
     setWindowTitle("Delete Log File(s)");
 
     model_ = new QFileSystemModel(this);
-    // Hidden directories too: the default log directory lies in one.
-    model_->setFilter(QDir::AllDirs | QDir::Drives | QDir::Hidden | QDir::NoDotAndDotDot);
-    model_->setRootPath(QDir::rootPath());
-    Dir1 = new QTreeView(this);
-    Dir1->setObjectName("Dir1");
-    Dir1->setModel(model_);
-    Dir1->setHeaderHidden(true);
-    for (int column = 1; column < model_->columnCount(); ++column)
-        Dir1->hideColumn(column);
+    Dir1 = DirectoryTree(this, model_);
 
     File1 = new QListWidget(this);
     File1->setObjectName("File1");

@@ -29,52 +29,55 @@ void ResetAllRelaysWithDelay(System& s) {
     resetOnExit = remembered;
 }
 
+// Drives the relays with the tick held off, which takes it up again afterwards.
+void WithTickSuspended(System& s, void (*drive)(System&)) {
+    SuspendCheckTime(s);
+    drive(s);
+    ResumeCheckTime(s);
+}
+
+// Drives the relays, shows the rows at once and waits on the pause message (0 after a set, 1
+// after a reset) before the tick takes up again.
+void DriveAndPause(System& s, void (*drive)(System&), int message) {
+    SuspendCheckTime(s);
+    drive(s);
+    RefreshNow(s);
+    PauseMessage(s, message, "ON");
+    ResumeCheckTime(s);
+}
+
 }  // namespace
 
 void mnuToolSetRelays(System& s) {
-    SuspendCheckTime(s);
-    SetAllRelays(s);
-    ResumeCheckTime(s);
+    WithTickSuspended(s, SetAllRelays);
 }
 
 void mnuToolSetRelaysDelay(System& s) {
-    SuspendCheckTime(s);
-    SetAllRelaysWithDelay(s);
-    ResumeCheckTime(s);
+    WithTickSuspended(s, SetAllRelaysWithDelay);
 }
 
 void mnuToolSetRelaysPause(System& s) {
-    SuspendCheckTime(s);
-    SetAllRelaysWithDelay(s);
-    RefreshNow(s);
-    PauseMessage(s, 0, "ON");
-    ResumeCheckTime(s);
+    DriveAndPause(s, SetAllRelaysWithDelay, 0);
 }
 
 void mnuToolResetRelays(System& s) {
-    SuspendCheckTime(s);
-    Flag& resetOnExit = s.modRelay.Board[0].ResetOnExit;
-    const Flag remembered = resetOnExit;
-    resetOnExit = 1;
-    ResetAllRelays(s);
-    resetOnExit = remembered;
-    // The plain reset leaves the reset at exit switched on, whatever was remembered.
-    resetOnExit = 1;
-    ResumeCheckTime(s);
+    WithTickSuspended(s, [](System& s) {
+        Flag& resetOnExit = s.modRelay.Board[0].ResetOnExit;
+        const Flag remembered = resetOnExit;
+        resetOnExit = 1;
+        ResetAllRelays(s);
+        resetOnExit = remembered;
+        // The plain reset leaves the reset at exit switched on, whatever was remembered.
+        resetOnExit = 1;
+    });
 }
 
 void mnuToolResetRelaysDelay(System& s) {
-    SuspendCheckTime(s);
-    ResetAllRelaysWithDelay(s);
-    ResumeCheckTime(s);
+    WithTickSuspended(s, ResetAllRelaysWithDelay);
 }
 
 void mnuToolResetRelaysPause(System& s) {
-    SuspendCheckTime(s);
-    ResetAllRelaysWithDelay(s);
-    RefreshNow(s);
-    PauseMessage(s, 1, "ON");
-    ResumeCheckTime(s);
+    DriveAndPause(s, ResetAllRelaysWithDelay, 1);
 }
 
 void mnuToolZeroCounters(System& s) {
