@@ -1,6 +1,9 @@
 #include "configuration/SqliteLibrary.h"
 
 #include <dlfcn.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 #include <mutex>
 
@@ -88,6 +91,12 @@ void ReleaseSqlite() {
     if (--s.holds == 0) {
         dlclose(s.handle);
         s.handle = nullptr;
+#ifdef __GLIBC__
+        // SQLite's page cache, and whatever else the start or a save freed, sits in free heap
+        // pages that the allocator keeps resident for good; the store is idle from here on,
+        // so those pages go back to the system.
+        malloc_trim(0);
+#endif
     }
 }
 
