@@ -46,7 +46,7 @@ sleep "$span"
 after=$(cpu)
 awk -v a="$after" -v b="$before" -v s="$span" -v c="$clk" \
     'BEGIN { printf "idle CPU: %.3f%% of one core over %d s\n", 100 * (a - b) / c / s, s }'
-awk '/VmRSS/ { printf "resident memory: %.1f MB\n", $2 / 1024 }' "/proc/$program/status"
+awk '/VmRSS/ { printf "resident memory: %d KiB (%.1f MiB)\n", $2, $2 / 1024 }' "/proc/$program/status"
 
 # System calls per tick, over a minute.
 timeout -s INT 60 strace -c -f -p "$program" -o "$work/strace.txt" >/dev/null 2>&1 || true
