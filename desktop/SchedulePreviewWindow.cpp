@@ -169,8 +169,11 @@ bool SchedulePreviewWindow::ExportSvg() {
     const auto name = AskFileName("Export Picture", "SVG Picture (*.svg)|*.svg", ".svg");
     if (!name) return false;
     const Timeline t = PreviewTimeline(*result_);
-    const bool ok = WriteTimelineSvg(t, Q(*name), ExportSize(t));
-    status->setText(ok ? "Written: " + Q(*name) : "Could not write " + Q(*name));
+    std::string moduleProblem;
+    const bool ok = WriteTimelineSvg(t, Q(*name), ExportSize(t), &moduleProblem);
+    status->setText(ok                      ? "Written: " + Q(*name)
+                    : moduleProblem.empty() ? "Could not write " + Q(*name)
+                                            : Q(moduleProblem));
     return ok;
 }
 

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QWidget>
 #include <optional>
+#include <string>
 
 #include "core/Timeline.h"
 
@@ -41,7 +42,10 @@ TimelineLayout LayoutTimeline(const QRect& area, const Timeline& t, const QFontM
 void PaintTimeline(QPainter& p, const QRect& area, const Timeline& t);
 QImage RenderTimeline(const Timeline& t, QSize size);
 bool WriteTimelinePng(const Timeline& t, const QString& path, QSize size);
-bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size);
+// The SVG goes through the print module; when that cannot be loaded, moduleProblem (if given)
+// gets the reason.
+bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size,
+                      std::string* moduleProblem = nullptr);
 
 // "YYYY-MM-DD HH:MM:SS" of a local time.
 QString TimelineTimeText(LocalSeconds t);

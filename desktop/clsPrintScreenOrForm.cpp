@@ -3,12 +3,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileInfo>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPrinter>
 #include <QScreen>
 
 #include "core/MachineDirectory.h"
-#include "desktop/PrinterChoice.h"
+#include "desktop/PrintModule.h"
 #include "desktop/QtConvert.h"
 
 namespace vantrellion {
@@ -85,28 +85,23 @@ void clsPrintScreenOrForm::Print(QWidget* form, PrintedPicture kind) {
     RunPendingEvents();
 
     PrintedSize = {};
-    QPrinter printer(QPrinter::HighResolution);
-    if (!CurrentPrinterChoice().Choose(printer, window, false)) {
-        s_.Message({PrintCancelledText});
-    } else {
+    const bool printed = PrintDocument(s_, window, false, [&](QPagedPaintDevice& printer, int dpi) {
         QPainter painter;
-        if (!printer.isValid() || !painter.begin(&printer)) {
-            s_.Message({NoPrinterText});
-        } else {
-            // Lengths in twips: the printable width of the page, the picture at the screen's
-            // 15 twips to the pixel.
-            const double dpi = printer.resolution();
-            const double printerWidth = printer.width() * TwipsPerInch / dpi;
-            const QSizeF size = Picture.deviceIndependentSize() * TwipsPerPixel;
-            PrintedSize = kind == PrintedPicture::Window
-                              ? PrintFormPictureSize(printerWidth, size.width(), size.height())
-                              : PrintScreenPictureSize(printerWidth, size.width(), size.height());
-            const QRectF target(0, 0, PrintedSize.Width * dpi / TwipsPerInch,
-                                PrintedSize.Height * dpi / TwipsPerInch);
-            painter.drawImage(target, Picture);
-            painter.end();
-        }
-    }
+        if (!painter.begin(&printer)) return false;
+        // Lengths in twips: the printable width of the page, the picture at the screen's 15
+        // twips to the pixel.
+        const double printerWidth = printer.width() * TwipsPerInch / dpi;
+        const QSizeF size = Picture.deviceIndependentSize() * TwipsPerPixel;
+        PrintedSize = kind == PrintedPicture::Window
+                          ? PrintFormPictureSize(printerWidth, size.width(), size.height())
+                          : PrintScreenPictureSize(printerWidth, size.width(), size.height());
+        const QRectF target(0, 0, PrintedSize.Width * dpi / TwipsPerInch,
+                            PrintedSize.Height * dpi / TwipsPerInch);
+        painter.drawImage(target, Picture);
+        painter.end();
+        return true;
+    });
+    if (!printed) PrintedSize = {};
 
     const std::string program = S(QFileInfo(QCoreApplication::applicationFilePath()).baseName());
     const std::string name = window ? S(window->objectName()) : std::string();

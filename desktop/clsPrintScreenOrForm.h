@@ -1,6 +1,6 @@
 // clsPrintScreenOrForm: a picture of the present window, or of the whole screen, onto the
 // printer, onto the clipboard, and as a bitmap copy in the machine directory. Created for one
-// call. The printer comes from the print dialog (CurrentPrinterChoice); a cancel, a printer
+// call. The printer comes from the print dialog (PrintDocument); a cancel, a printer
 // that cannot be started or a copy that cannot be written gets one box, and the program goes
 // on.
 #pragma once

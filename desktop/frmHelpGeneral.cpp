@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "desktop/PrinterChoice.h"
+#include "desktop/PrintModule.h"
 #include "desktop/frmAbout.h"
 #include "desktop/modShowSubForms.h"
 #include "desktop/resources/clsLoadCustomResource.h"
@@ -66,7 +66,7 @@ void frmHelpGeneral::Form_Load() {
 
 void frmHelpGeneral::mnuFilePrintDoc_Click() {
     PrintText(s_, this, rtbHelp->textCursor().hasSelection(),
-              [this](QPrinter& printer) { rtbHelp->print(&printer); });
+              [this](QPagedPaintDevice& printer) { rtbHelp->print(&printer); });
 }
 
 }  // namespace vantrellion

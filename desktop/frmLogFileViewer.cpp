@@ -6,7 +6,7 @@
 #include <QResizeEvent>
 #include <QTextCharFormat>
 
-#include "desktop/PrinterChoice.h"
+#include "desktop/PrintModule.h"
 #include "desktop/QtConvert.h"
 #include "desktop/clsPrintScreenOrForm.h"
 #include "desktop/modShowSubForms.h"
@@ -176,7 +176,7 @@ void frmLogFileViewer::mnuEditFont_Click() {
 
 void frmLogFileViewer::mnuFilePrint_Click() {
     PrintText(s_, this, rtbViewLogs->textCursor().hasSelection(),
-              [this](QPrinter& printer) { rtbViewLogs->print(&printer); });
+              [this](QPagedPaintDevice& printer) { rtbViewLogs->print(&printer); });
 }
 
 void frmLogFileViewer::resizeEvent(QResizeEvent* event) {

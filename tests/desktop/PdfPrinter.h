@@ -5,10 +5,11 @@
 #include <QFile>
 #include <QPageSize>
 #include <QString>
+#include <functional>
 #include <string>
 #include <vector>
 
-#include "desktop/PrinterChoice.h"
+#include "desktop/printing/PrinterChoice.h"
 
 namespace vantrellion::test {
 

@@ -38,7 +38,11 @@ int main(int argc, char** argv) {
         return WriteTimelinePng(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
     };
     env.WriteSvg = [](const Timeline& t, const std::string& path) {
-        return WriteTimelineSvg(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
+        std::string moduleProblem;
+        const bool ok = WriteTimelineSvg(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t),
+                                         &moduleProblem);
+        if (!moduleProblem.empty()) std::cerr << moduleProblem << "\n";
+        return ok;
     };
     return RunPreviewCommand(args, env, std::cout, std::cerr);
 }

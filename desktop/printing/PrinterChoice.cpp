@@ -1,4 +1,4 @@
-#include "desktop/PrinterChoice.h"
+#include "desktop/printing/PrinterChoice.h"
 
 #include <QPrintDialog>
 
@@ -27,25 +27,6 @@ PrinterChoice& CurrentPrinterChoice() {
 
 void SetPrinterChoice(PrinterChoice* choice) {
     currentChoice = choice ? choice : &dialogChoice;
-}
-
-bool PrintText(System& s, QWidget* parent, bool hasSelection,
-               const std::function<void(QPrinter&)>& print) {
-    QPrinter printer(QPrinter::HighResolution);
-    if (!CurrentPrinterChoice().Choose(printer, parent, hasSelection)) {
-        s.Message({PrintCancelledText});
-        return false;
-    }
-    if (!printer.isValid()) {
-        s.Message({NoPrinterText});
-        return false;
-    }
-    print(printer);
-    if (printer.printerState() == QPrinter::Error) {
-        s.Message({NoPrinterText});
-        return false;
-    }
-    return true;
 }
 
 }  // namespace vantrellion

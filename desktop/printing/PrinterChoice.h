@@ -4,9 +4,6 @@
 
 #include <QPrinter>
 #include <QWidget>
-#include <functional>
-
-#include "core/SharedState.h"
 
 namespace vantrellion {
 
@@ -28,18 +25,5 @@ class DialogPrinterChoice : public PrinterChoice {
 PrinterChoice& CurrentPrinterChoice();
 // null puts Qt's print dialog back.
 void SetPrinterChoice(PrinterChoice* choice);
-
-// The boxes of a print that did not take place. No print ever ends the program: a cancel and a
-// printer that cannot be started each get one box, and the program goes on.
-inline constexpr const char* PrintCancelledText = "Printing was cancelled: nothing was printed.";
-inline constexpr const char* NoPrinterText =
-    "The printer could not be started: nothing was printed.\r\nSet up a printer, or choose "
-    "\"Print to File (PDF)\" in the print dialog.";
-
-// Print Log and Print This Help: the print dialog (the selection offered when there is one),
-// then print(printer) with the chosen printer. A cancel or a printer that cannot be used gets
-// its box. True when the text went to the printer.
-bool PrintText(System& s, QWidget* parent, bool hasSelection,
-               const std::function<void(QPrinter&)>& print);
 
 }  // namespace vantrellion
