@@ -8,13 +8,16 @@ namespace vantrellion {
 
 namespace {
 
-constexpr const char* ModuleFileName = "libVantrellionPrint.so";
-
-// The module beside the program, loaded at the first use and kept from then on.
-const PrintFunctions* Module(std::string& path, std::string& why) {
+// The module beside the program, loaded at the first use and kept from then on; when it
+// cannot be loaded, problem gets the box's text.
+const PrintFunctions* Module(std::string& problem) {
     static const PrintFunctions* loaded = nullptr;
-    path = DefaultPrintModulePath();
-    if (!loaded) loaded = LoadPrintModule(path, why);
+    if (!loaded) {
+        const std::string path = DefaultPrintModulePath();
+        std::string why;
+        loaded = LoadPrintModule(path, why);
+        if (!loaded) problem = PrintModuleMissingText(path, why);
+    }
     return loaded;
 }
 
@@ -27,9 +30,7 @@ std::string PrintModuleMissingText(const std::string& path, const std::string& w
 }
 
 std::string DefaultPrintModulePath() {
-    const std::string dir = ExecutableDirectory();
-    if (dir.empty()) return ModuleFileName;
-    return (dir == "/" ? dir : dir + "/") + ModuleFileName;
+    return BesideProgram("libVantrellionPrint.so");
 }
 
 const PrintFunctions* LoadPrintModule(const std::string& path, std::string& why) {
@@ -43,19 +44,19 @@ const PrintFunctions* LoadPrintModule(const std::string& path, std::string& why)
     }
     using Entry = const PrintFunctions* (*)();
     auto entry = reinterpret_cast<Entry>(::dlsym(handle, "VantrellionPrintFunctions"));
-    if (!entry || !entry()) {
+    const PrintFunctions* functions = entry ? entry() : nullptr;
+    if (!functions) {
         ::dlclose(handle);
         why = "it lacks VantrellionPrintFunctions";
-        return nullptr;
     }
-    return entry();
+    return functions;
 }
 
 bool PrintDocument(System& s, QWidget* parent, bool hasSelection, const PaintDocument& paint) {
-    std::string path, why;
-    const PrintFunctions* module = Module(path, why);
+    std::string problem;
+    const PrintFunctions* module = Module(problem);
     if (!module) {
-        s.Message({PrintModuleMissingText(path, why)});
+        s.Message({problem});
         return false;
     }
     switch (module->Print(parent, hasSelection, paint)) {
@@ -71,19 +72,11 @@ bool PrintDocument(System& s, QWidget* parent, bool hasSelection, const PaintDoc
     return false;
 }
 
-bool PrintText(System& s, QWidget* parent, bool hasSelection,
-               const std::function<void(QPagedPaintDevice&)>& print) {
-    return PrintDocument(s, parent, hasSelection, [&print](QPagedPaintDevice& printer, int) {
-        print(printer);
-        return true;
-    });
-}
-
 bool WriteSvgPicture(const QString& path, QSize size, const QString& title,
                      const PaintPicture& paint, std::string* moduleProblem) {
-    std::string modulePath, why;
-    const PrintFunctions* module = Module(modulePath, why);
-    if (!module && moduleProblem) *moduleProblem = PrintModuleMissingText(modulePath, why);
+    std::string problem;
+    const PrintFunctions* module = Module(problem);
+    if (moduleProblem) *moduleProblem = problem;
     return module && module->WriteSvg(path, size, title, paint);
 }
 

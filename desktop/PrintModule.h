@@ -26,14 +26,10 @@ std::string DefaultPrintModulePath();
 // tried again at the next one when that failed).
 const PrintFunctions* LoadPrintModule(const std::string& path, std::string& why);
 
-// The print dialog, then paint onto the printer chosen; a print that did not take place gets
-// its box. True when the document went to the printer.
+// The print dialog (the selection offered when hasSelection), then paint onto the printer
+// chosen; a print that did not take place gets its box. True when the document went to the
+// printer.
 bool PrintDocument(System& s, QWidget* parent, bool hasSelection, const PaintDocument& paint);
-
-// Print Log and Print This Help: the print dialog (the selection offered when there is one),
-// then print(printer) with the chosen printer.
-bool PrintText(System& s, QWidget* parent, bool hasSelection,
-               const std::function<void(QPagedPaintDevice&)>& print);
 
 // An SVG picture through the module; false when the module or the file fails. When the module
 // cannot be loaded, moduleProblem (if given) gets PrintModuleMissingText.

@@ -84,7 +84,6 @@ void clsPrintScreenOrForm::Print(QWidget* form, PrintedPicture kind) {
     clipboard->setImage(Picture);
     RunPendingEvents();
 
-    PrintedSize = {};
     const bool printed = PrintDocument(s_, window, false, [&](QPagedPaintDevice& printer, int dpi) {
         QPainter painter;
         if (!painter.begin(&printer)) return false;

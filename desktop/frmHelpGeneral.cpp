@@ -65,8 +65,11 @@ void frmHelpGeneral::Form_Load() {
 }
 
 void frmHelpGeneral::mnuFilePrintDoc_Click() {
-    PrintText(s_, this, rtbHelp->textCursor().hasSelection(),
-              [this](QPagedPaintDevice& printer) { rtbHelp->print(&printer); });
+    PrintDocument(s_, this, rtbHelp->textCursor().hasSelection(),
+                  [this](QPagedPaintDevice& printer, int) {
+                      rtbHelp->print(&printer);
+                      return true;
+                  });
 }
 
 }  // namespace vantrellion

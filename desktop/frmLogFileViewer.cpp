@@ -175,8 +175,11 @@ void frmLogFileViewer::mnuEditFont_Click() {
 }
 
 void frmLogFileViewer::mnuFilePrint_Click() {
-    PrintText(s_, this, rtbViewLogs->textCursor().hasSelection(),
-              [this](QPagedPaintDevice& printer) { rtbViewLogs->print(&printer); });
+    PrintDocument(s_, this, rtbViewLogs->textCursor().hasSelection(),
+                  [this](QPagedPaintDevice& printer, int) {
+                      rtbViewLogs->print(&printer);
+                      return true;
+                  });
 }
 
 void frmLogFileViewer::resizeEvent(QResizeEvent* event) {
