@@ -104,7 +104,7 @@ void SchedulePreviewWindow::Recompute() {
     PreviewRequest request;
     request.From = fromDate->isChecked() ? FromQDateTime(date->dateTime()) : now;
     request.Length = static_cast<LocalSeconds>(SpanDays[std::max(0, span->currentIndex())]) * 86400;
-    request.StartTick = TickCountAt(request.From, now, s_.clock().GetTickCount());
+    request.StartTick = TickCountAt(request.From, now, s_.clock().MonotonicMs());
 
     status->setText("Computing...");
     done_ = false;

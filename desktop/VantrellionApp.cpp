@@ -25,6 +25,7 @@
 #include "desktop/ShowConfigForms.h"
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
+#include "logging/TimeLimitedBoxes.h"
 #include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/MainScreenResize.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
@@ -42,10 +43,11 @@ VantrellionApp::VantrellionApp(Options o) {
     p.clock = o.clock ? o.clock : &qtClock_;
     p.timer = &timer_;
     p.pump = &pump_;
-    p.messages = o.messages ? o.messages : &qtMessages_;
+    timeLimited_ = std::make_unique<TimeLimitedBoxes>(s_, o.messages ? *o.messages : qtMessages_);
+    p.messages = timeLimited_.get();
     p.dialogs = o.dialogs ? o.dialogs : &qtDialogs_;
     if (!o.ports)
-        libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), *p.messages,
+        libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), systemMessages_,
                                                        s_.modRelay.RunNoBoards);
     p.ports = o.ports ? o.ports : libraryPorts_.get();
     store_ = std::make_unique<KeyValueStore>(o.machineDirectory + "store.db");

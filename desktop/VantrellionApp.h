@@ -57,6 +57,8 @@ class VantrellionApp {
     QtCheckTimer timer_;
     QtEventPump pump_;
     QtMessageBoxes qtMessages_;
+    std::unique_ptr<MessageBoxes> timeLimited_;
+    SystemMessageBoxes systemMessages_{s_};
     QtFileDialogs qtDialogs_;
     std::unique_ptr<Ports> libraryPorts_;
     std::unique_ptr<KeyValueStore> store_;

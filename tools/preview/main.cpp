@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     PreviewEnvironment env;
     env.MachineDirectory = DefaultMachineDirectory();
     env.Now = ToLocalSeconds(clock.Now());
-    env.TickNow = clock.GetTickCount();
+    env.TickNow = clock.MonotonicMs();
     env.WritePng = [](const Timeline& t, const std::string& path) {
         return WriteTimelinePng(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
     };
