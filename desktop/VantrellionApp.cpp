@@ -57,7 +57,7 @@ VantrellionApp::VantrellionApp(Options o) {
     QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
         RunOrEnd(s_, [this] { CheckTimeTick(s_); });
         // The store is closed again after whatever used it (the start, a setting, the name of
-        // a new day's log), so that the database library is not kept loaded while idle.
+        // a new day's log), so that between uses store.db alone holds the configuration.
         store_->ReleaseFile();
     });
     RegisterFormPositionSystem(&s_);

@@ -38,11 +38,7 @@ int main(int argc, char** argv) {
         return WriteTimelinePng(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
     };
     env.WriteSvg = [](const Timeline& t, const std::string& path) {
-        std::string moduleProblem;
-        const bool ok = WriteTimelineSvg(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t),
-                                         &moduleProblem);
-        if (!moduleProblem.empty()) std::cerr << moduleProblem << "\n";
-        return ok;
+        return WriteTimelineSvg(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
     };
     return RunPreviewCommand(args, env, std::cout, std::cerr);
 }
