@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "configuration/KeyValueBackend.h"
+#include "core/KeyValueBackend.h"
 
 namespace vantrellion {
 

@@ -1,6 +1,6 @@
 #include "configuration/DefaultConfiguration.h"
 
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "configuration/clsConfiguration.h"
 
 namespace vantrellion {

@@ -24,7 +24,7 @@
 #include <string>
 #include <vector>
 
-#include "configuration/KeyValueBackend.h"
+#include "core/KeyValueBackend.h"
 
 struct sqlite3;
 

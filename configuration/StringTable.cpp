@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "configuration/StringTableEntries.h"
 #include "core/FatalError.h"
 

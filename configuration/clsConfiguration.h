@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "core/SharedState.h"
 
 namespace vantrellion {

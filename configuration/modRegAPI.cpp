@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "configuration/AutostartFolders.h"
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "core/FatalError.h"
 #include "core/TextEncoding.h"
 

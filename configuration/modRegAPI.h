@@ -15,8 +15,6 @@
 
 namespace vantrellion {
 
-inline constexpr RegRoot HKEY_CURRENT_USER = 0x80000001u;
-inline constexpr RegRoot HKEY_LOCAL_MACHINE = 0x80000002u;
 
 // The texts that a sentinel read returns in place of a value it did not find.
 inline constexpr const char* REGKEYNOTFOUND = "REGKEYNOTFOUND";

@@ -12,6 +12,7 @@
 
 #include "core/Constants.h"
 #include "core/Flags.h"
+#include "core/KeyValueBackend.h"
 #include "core/MainScreenView.h"
 #include "core/Platform.h"
 #include "core/ScheduleText.h"
@@ -130,6 +131,8 @@ struct Platform {
     std::string autostartUserDirectory;
     // Told of every Run File opened or saved under a name; null when no list is kept.
     RecentFiles* recentFiles = nullptr;
+    // Where window places are kept: the store, through its access layer.
+    WindowPlaceSettings* windowPlaces = nullptr;
     // Told at the end of every tick.
     std::vector<TickObserver*> tickObservers;
 };

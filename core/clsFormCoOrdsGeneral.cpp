@@ -6,9 +6,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "configuration/NumericText.h"
-#include "configuration/ProgramLocation.h"
-#include "configuration/modRegAPI.h"
+#include "core/NumericText.h"
 
 namespace vantrellion {
 
@@ -34,12 +32,10 @@ bool PieceValue(const std::string& piece, float& value) {
     return true;
 }
 
-std::string ReadStoredText(System& s, RegRoot hive, const std::string& key,
-                           const std::string& name) {
-    if (!s.platform.store) return {};
-    StoredValue v;
-    if (s.platform.store->QueryValue(hive, key, name, v) != StoreStatus::Ok) return {};
-    return v.Kind == StoredValue::Data::Text ? v.Text : std::string();
+std::string ReadStoredText(System& s, RegRoot hive, const std::string& keyPath,
+                           const std::string& section, const std::string& name) {
+    if (!s.platform.windowPlaces) return {};
+    return s.platform.windowPlaces->ReadPlace(hive, keyPath, section, name);
 }
 
 std::string Upper(std::string text) {
@@ -75,7 +71,6 @@ std::string SingleText(float v) {
 Flag FormCoOrdsGeneral(System& s, FormWindow& form, std::string verb, RegRoot hive,
                        std::string keyPath, std::string section, const std::string& defaultText) {
     if (form.State() != WindowState::Normal) return False;
-    if (keyPath.empty()) keyPath = ProgramName();
     if (section.empty()) section = "Startup";
     verb = Upper(verb);
     const std::string name = form.Name();
@@ -86,7 +81,7 @@ Flag FormCoOrdsGeneral(System& s, FormWindow& form, std::string verb, RegRoot hi
         if (!form.CanPlace()) {
             // The window system keeps the place to itself: keep the one stored before.
             const std::vector<std::string> old =
-                SplitAtCommas(ReadStoredText(s, hive, keyPath + "\\" + section, name));
+                SplitAtCommas(ReadStoredText(s, hive, keyPath, section, name));
             float v = 0;
             if (old.size() >= 2 && PieceValue(old[0], v) && PieceValue(old[1], v)) {
                 left = old[0];
@@ -95,18 +90,13 @@ Flag FormCoOrdsGeneral(System& s, FormWindow& form, std::string verb, RegRoot hi
         }
         const std::string text =
             left + "," + top + "," + SingleText(form.Width()) + "," + SingleText(form.Height());
-        if (s.platform.store) {
-            StoredValue value;
-            value.Type = RegTypeText;
-            value.Kind = StoredValue::Data::Text;
-            value.Text = text;
-            s.platform.store->SetValue(hive, "\\" + keyPath + "\\" + section + "\\", name, value);
-        }
+        if (s.platform.windowPlaces)
+            s.platform.windowPlaces->WritePlace(hive, keyPath, section, name, text);
         return False;
     }
 
-    std::string text = ReadStoredText(s, hive, keyPath + "\\" + section, name);
-    if (text.empty() || IsRegSentinel(text)) text = defaultText;
+    std::string text = ReadStoredText(s, hive, keyPath, section, name);
+    if (text.empty()) text = defaultText;
     ApplyText(form, text);
     return False;
 }

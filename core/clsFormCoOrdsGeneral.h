@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "configuration/KeyValueStore.h"
 #include "core/FormWindow.h"
+#include "core/KeyValueBackend.h"
 #include "core/SharedState.h"
 
 namespace vantrellion {

@@ -1,6 +1,5 @@
 #include "core/clsFormCoOrdsRelay.h"
 
-#include "configuration/modRegAPI.h"
 #include "core/clsFormCoOrdsGeneral.h"
 
 namespace vantrellion {

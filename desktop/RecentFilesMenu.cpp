@@ -3,7 +3,7 @@
 #include "core/clsMRUmostRecentlyUsedFiles.h"
 #include "desktop/QtConvert.h"
 #include "desktop/frmRelay.h"
-#include "runfile/FileCommands.h"
+#include "mainscreen/FileCommands.h"
 
 namespace vantrellion {
 

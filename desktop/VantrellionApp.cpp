@@ -26,10 +26,10 @@
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
 #include "logging/TimeLimitedBoxes.h"
+#include "mainscreen/FileCommands.h"
 #include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/MainScreenResize.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
-#include "runfile/FileCommands.h"
 
 namespace vantrellion {
 
@@ -52,6 +52,7 @@ VantrellionApp::VantrellionApp(Options o) {
     p.ports = o.ports ? o.ports : libraryPorts_.get();
     store_ = std::make_unique<KeyValueStore>(o.machineDirectory + "store.db");
     p.store = store_.get();
+    p.windowPlaces = &windowPlaces_;
     p.configuration = &configurationSaves_;
     timer_.SetEnabled(false);
     QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {

@@ -8,6 +8,7 @@
 
 #include "configuration/ConfigurationStoreAdapter.h"
 #include "configuration/KeyValueStore.h"
+#include "configuration/StoreWindowPlaces.h"
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
 #include "desktop/QtPlatform.h"
@@ -59,6 +60,7 @@ class VantrellionApp {
     QtMessageBoxes qtMessages_;
     std::unique_ptr<MessageBoxes> timeLimited_;
     SystemMessageBoxes systemMessages_{s_};
+    StoreWindowPlaces windowPlaces_{s_};
     QtFileDialogs qtDialogs_;
     std::unique_ptr<Ports> libraryPorts_;
     std::unique_ptr<KeyValueStore> store_;

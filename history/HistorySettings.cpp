@@ -4,7 +4,7 @@
 
 #include "configuration/ConfigurationValueNames.h"
 #include "configuration/KeyValueStore.h"
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "configuration/StringTable.h"
 #include "configuration/modRegAPI.h"
 

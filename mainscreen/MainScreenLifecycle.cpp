@@ -9,7 +9,7 @@
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "mainscreen/RowRefill.h"
 #include "runfile/CrashRestart.h"
-#include "runfile/FileCommands.h"
+#include "mainscreen/FileCommands.h"
 
 namespace vantrellion {
 

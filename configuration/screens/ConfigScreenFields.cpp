@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/screens/ConfigScreenLogic.h"

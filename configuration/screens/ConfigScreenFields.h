@@ -9,12 +9,12 @@
 #include <optional>
 #include <string>
 
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "configuration/screens/ConfigScreen.h"
 
 namespace vantrellion {
 
-// ParseHexAddress (configuration/NumericText.h) reads a numeric box's text.
+// ParseHexAddress (core/NumericText.h) reads a numeric box's text.
 // Upper-case hexadecimal without prefix or leading zeros; a negative value as its 16-bit
 // pattern.
 std::string HexText(int16_t value);

@@ -5,6 +5,7 @@
 #include "engine/InputStates.h"
 #include "logging/EventLog.h"
 #include "logging/StateLog.h"
+#include "logging/TimeLimitedBoxes.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
 
@@ -25,6 +26,36 @@ class EventLog : public ::testing::Test {
     test::TestSystem ts;
     System& s = ts.s;
 };
+
+// A box shown while the timer is off holds the schedule: it is limited to two minutes, then
+// takes the answer that keeps everything (Cancel where there is one) and names itself in the
+// log. A box while the schedule runs is not limited.
+TEST_F(EventLog, ABoxThatHoldsTheScheduleAnswersByItselfAndSaysSo) {
+    struct NoOneThere : MessageBoxes {
+        MessageBoxRequest seen;
+        Answer Show(const MessageBoxRequest& r) override {
+            seen = r;
+            return r.TimeoutSeconds > 0 ? r.TimeoutAnswer : Answer::Yes;
+        }
+        bool LastTimedOut() const override { return seen.TimeoutSeconds > 0; }
+    } nobody;
+    TimeLimitedBoxes boxes(s, nobody);
+    const MessageBoxRequest save{"Save File?", Buttons::YesNoCancel, Icon::None, 2, "Save?"};
+
+    ts.timer.enabled = true;
+    EXPECT_EQ(boxes.Show(save), Answer::Yes);
+    EXPECT_EQ(nobody.seen.TimeoutSeconds, 0);
+
+    ts.timer.enabled = false;
+    EXPECT_EQ(boxes.Show(save), Answer::Cancel);
+    EXPECT_EQ(nobody.seen.TimeoutSeconds, 120);
+    EXPECT_EQ(boxes.Show({"Port gone\r\nsecond line", Buttons::OK}), Answer::OK);
+    EXPECT_EQ(dir.Read(kToday),
+              "09:15:02 11/14/2026 Box \"Save?: Save File?\" answered \"Cancel\" after 2 "
+              "minutes\r\n"
+              "09:15:02 11/14/2026 Box \"Vantrellion: Port gone ...\" answered \"OK\" after 2 "
+              "minutes\r\n");
+}
 
 TEST_F(EventLog, APieceOfOneDaysLog) {
     const PortTexts none = FormatPortBits({0x00});

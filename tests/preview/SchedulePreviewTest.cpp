@@ -130,7 +130,7 @@ TEST(SchedulePreview, SwitchesExactlyWhenTheLiveTickDoes) {
          },
          Friday + 7 * 3600,
          2 * Day},
-        {"a cycle that overflows the tick count ends both at the same second",
+        {"a cycle past 2^31 ms of uptime",
          {{"All Days", "1", {{"00:00", "23:59"}}}},
          Friday,
          Day,
@@ -155,6 +155,19 @@ TEST(SchedulePreview, SwitchesExactlyWhenTheLiveTickDoes) {
             EXPECT_LT(*expected.endedAt, c.from + Day);
         }
     }
+}
+
+// A cycling relay started 20 days after boot cycles on every day of 60: the count of its
+// half-cycles never overflows nor stops.
+TEST(SchedulePreview, ACycleRunsOnEveryDayOfSixtyWhateverTheUptime) {
+    TestSystem t;
+    Apply(t, {{"All Days", "2", {{"07:00", "09:00"}}}});
+    const PreviewResult r =
+        RunPreview(TakeSnapshot(t.s), {Friday, 60 * Day, int64_t{20} * Day * 1000});
+    ASSERT_EQ(r.Relays[0].OnSecondsPerDay.size(), 60u);
+    for (int64_t seconds : r.Relays[0].OnSecondsPerDay)
+        EXPECT_GT(seconds, 3000);
+    EXPECT_FALSE(r.Ended);
 }
 
 TEST(SchedulePreview, LeavesTheRunningStateAlone) {

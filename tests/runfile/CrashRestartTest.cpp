@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstring>
 
+#include "engine/Tick.h"
 #include "runfile/CrashRestart.h"
 #include "runfile/RunFileSave.h"
 #include "runfile/RunFileTestSupport.h"
@@ -114,6 +115,43 @@ TEST_F(CrashRestart, AnUnreadableRestartFileShowsTheLoadMessageAndKeepsWhatWasRe
         EXPECT_EQ(Said(t.messages), c.said);
         EXPECT_EQ(t.s.frmRelay.Relay[0].DisplayName, c.name);
         EXPECT_EQ(LogFile(), "");
+    }
+}
+
+// A restart file with texts that field entry would refuse (written by hand, or damaged) starts
+// the program at every start: the fields are named once per start and run as blank, and the
+// ticks go on and log.
+TEST_F(CrashRestart, FieldsThatEntryWouldRefuseAreLoadedBlankAtEveryStart) {
+    {
+        TestSystem writer;
+        Start(writer);
+        writer.s.modRelay.LoggingOnOff = True;
+        writer.s.frmRelay.Relay[4].DisplayName = "Pump";
+        writer.SetPair(4, 0, "07:00", "09:00");
+        writer.SetPair(4, 1, "10:00", "11:00");
+        writer.s.frmRelay.StartTime[PairIndex(4, 0)] = "8:00 xm";
+        writer.s.frmRelay.Relay[5].DayHrEvenOdd = "999999";
+        writer.SetPair(5, 0, "10:00", "11:00");
+        SaveRestartFile(writer.s);
+    }
+    for (int start = 0; start < 2; ++start) {
+        TestSystem t;
+        Start(t);
+        ASSERT_TRUE(TryCrashRestart(t.s));
+        ASSERT_EQ(t.messages.shown.size(), 1u);
+        const std::string said = t.messages.shown[0].Prompt;
+        EXPECT_NE(said.find(dir.File(RestartFileName)), std::string::npos);
+        EXPECT_NE(said.find("Relay 5 \"Pump\", Start Time 1: \"8:00 xm\""), std::string::npos);
+        EXPECT_NE(said.find("Relay 6 \"Relay 6\", Even/Odd: \"999999\""), std::string::npos);
+        EXPECT_EQ(t.s.frmRelay.StartTime[PairIndex(4, 0)], "");
+        EXPECT_EQ(t.s.frmRelay.Relay[5].DayHrEvenOdd, "");
+        for (int minute = 30; minute < 33; ++minute) {
+            t.clock.SetTime(10, minute, 0);
+            CheckTimeTick(t.s);
+        }
+        EXPECT_EQ(t.s.frmRelay.Relay[4].OldState, 1);  // the rest of its schedule runs
+        EXPECT_EQ(t.s.frmRelay.Relay[5].OldState, 1);  // a plain pair now
+        EXPECT_NE(LogFile().find("10:32:00 "), std::string::npos) << LogFile();
     }
 }
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "core/RecentFiles.h"
-#include "runfile/FileCommands.h"
+#include "mainscreen/FileCommands.h"
 #include "runfile/RunFileSave.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"

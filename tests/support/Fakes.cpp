@@ -48,6 +48,7 @@ TestSystem::TestSystem() {
     s.platform.ports = &ports;
     s.platform.screen = &screen;
     s.platform.dialogs = &dialogs;
+    s.platform.windowPlaces = &windowPlaces;
     s.platform.documentsDirectory = kDocuments;
     auto& m = s.modRelay;
     m.ColorRelayON = kRelayON;

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "configuration/StoreWindowPlaces.h"
 #include "core/SharedState.h"
 
 namespace vantrellion::test {
@@ -217,6 +218,7 @@ struct TestSystem {
     RecordingScreen screen;
     FakeDialogs dialogs;
     System s;
+    StoreWindowPlaces windowPlaces{s};
 
     TestSystem();
     FrmRelay& frm() { return s.frmRelay; }

@@ -1,4 +1,4 @@
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 
 #include <cctype>
 #include <charconv>

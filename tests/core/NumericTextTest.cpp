@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "configuration/NumericText.h"
+#include "core/NumericText.h"
 #include "configuration/ProgramLocation.h"
 #include "configuration/clsExeOrIDE.h"
 #include "configuration/clsWin32Version.h"

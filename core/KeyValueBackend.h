@@ -10,6 +10,8 @@
 namespace vantrellion {
 
 using RegRoot = uint32_t;
+inline constexpr RegRoot HKEY_CURRENT_USER = 0x80000001u;
+inline constexpr RegRoot HKEY_LOCAL_MACHINE = 0x80000002u;
 
 // Stored types: a text, or a 32-bit number.
 inline constexpr int32_t RegTypeText = 1;
@@ -47,6 +49,20 @@ class KeyValueBackend {
     virtual StoreStatus DeleteKey(RegRoot root, const std::string& keyPath) = 0;
     // The notices that are due for the user, each told once; the list is emptied.
     virtual std::vector<std::string> TakeNotices() { return {}; }
+};
+
+// Where window places are kept: one text per window, "Left,Top,Width,Height", under
+// keyPath\section of a root; an empty keyPath stands for the program's name. The store's access
+// layer implements it.
+class WindowPlaceSettings {
+  public:
+    virtual ~WindowPlaceSettings() = default;
+    // The text stored for the window, or "" when there is none or it cannot be read.
+    virtual std::string ReadPlace(RegRoot root, const std::string& keyPath,
+                                  const std::string& section, const std::string& window) = 0;
+    // Stores the text; a failed write is lost, as nothing about window places is ever reported.
+    virtual void WritePlace(RegRoot root, const std::string& keyPath, const std::string& section,
+                            const std::string& window, const std::string& text) = 0;
 };
 
 }  // namespace vantrellion

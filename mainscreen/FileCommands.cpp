@@ -1,4 +1,4 @@
-#include "runfile/FileCommands.h"
+#include "mainscreen/FileCommands.h"
 
 #include "boardio/BoardSetup.h"
 #include "core/CheckTimeControl.h"
