@@ -86,8 +86,6 @@ struct FrmRelay {
     Flag RowsShown = 0;
 
     // Start-up guards and the flags of the window geometry, first set at creation.
-    Flag FormInitializeSeen = 0;
-    Flag FormLoadSeen = 0;
     Flag ResizeReady = 0;
     Flag ResizedOnce = 0;
     Flag SavePositionAtExit = 0;

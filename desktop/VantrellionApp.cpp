@@ -8,7 +8,6 @@
 
 #include "boardio/LibraryPorts.h"
 #include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/clsWin32Version.h"
 #include "configuration/screens/ConfigurationCommands.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
@@ -116,13 +115,6 @@ void VantrellionApp::ShowMainErrorMessage(const std::string& description, int nu
 bool VantrellionApp::Main() {
     std::srand(static_cast<unsigned>(std::time(nullptr)));  // 1
     try {
-        const std::string platform = getVersion32();  // 2: Linux passes
-        if (platform != "98" && platform != "95" && platform != "ME") {
-            s_.Message({std::string("This version of ") + AppTitle +
-                        " Only Runs in Win95/98\r\nWinNT requires another version."});
-            UnloadAllForms();
-            return false;
-        }
         EnsureDirectory(s_.platform.machineDirectory);
         instanceLock_ = std::make_unique<InstanceLock>(s_.platform.machineDirectory);  // 3
         if (instanceLock_->AnotherInstanceRuns())

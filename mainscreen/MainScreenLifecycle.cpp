@@ -19,12 +19,6 @@ constexpr int kMainWindowIcon = 101;
 
 void Form_Initialize(System& s) {
     FrmRelay& f = s.frmRelay;
-    if (f.FormInitializeSeen != 0)
-        s.Message(
-            {"This is not the first Time Form_Initialize Has Been Triggered\r\n\r\n"
-             "You probably just added Code\r\n\r\n"
-             "That NEW CODE is the NEW Problem"});
-    f.FormInitializeSeen = True;
     f.FileChanged = False;
     f.ResizeReady = False;
     f.ResizedOnce = True;
@@ -37,12 +31,6 @@ void Form_Initialize(System& s) {
 void Form_Load(System& s) {
     FrmRelay& f = s.frmRelay;
     MainScreenView& v = s.screen();
-    if (f.FormLoadSeen != 0)
-        s.Message(
-            {"This is not the first Time Form_Load Has Been Triggered\r\n\r\n"
-             "You probably just added Code to Forn_Initialize\r\n\r\n"
-             "That is the NEW Problem"});
-    f.FormLoadSeen = True;
     v.SetWindowIcon(kMainWindowIcon);
     if (TryCrashRestart(s)) f.AutoRestarted = True;
     v.StackRelayGroups();

@@ -63,14 +63,6 @@ TEST_F(LifecycleTest, StartWithoutRestartFileShowsANewScheduleAndStartsTheTick) 
     EXPECT_TRUE(t.timer.enabled);
     EXPECT_EQ((t.screen.picture[{Control::imgHardStop, 2}]), "res:110");
     EXPECT_EQ((t.screen.picture[{Control::imgIDIcon, 2}]), "res:123");
-
-    // A second creation or load is only a warning for the maintainer.
-    Form_Initialize(t.s);
-    Form_Load(t.s);
-    ASSERT_EQ(t.messages.shown.size(), 2u);
-    EXPECT_EQ(t.messages.shown[1].Prompt,
-              "This is not the first Time Form_Load Has Been Triggered\r\n\r\nYou probably just "
-              "added Code to Forn_Initialize\r\n\r\nThat is the NEW Problem");
 }
 
 TEST_F(LifecycleTest, StartAfterACrashComesBackWithTheSchedule) {
