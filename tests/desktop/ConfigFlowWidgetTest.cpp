@@ -228,8 +228,8 @@ TEST_F(LogDirectoryChooser, OpensScrolledToThePresentDirectory) {
     const auto inView = [&] {
         const QModelIndex current = chooser.Dir1->currentIndex();
         const QRect row = chooser.Dir1->visualRect(current);
-        return chooser.Dir1->model()->rowCount(current.parent().parent()) == 81 &&
-               !row.isEmpty() && chooser.Dir1->viewport()->rect().contains(row.center());
+        return chooser.Dir1->model()->rowCount(current.parent().parent()) == 81 && !row.isEmpty() &&
+               chooser.Dir1->viewport()->rect().contains(row.center());
     };
     EXPECT_TRUE(QTest::qWaitFor(inView, 10000));
     EXPECT_EQ(chooser.ChosenPath, logs.Path() + "zz/present");
