@@ -109,7 +109,9 @@ TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
         EXPECT_EQ(Focused() == box, c.refusal != nullptr) << "a refusal keeps the focus";
         EXPECT_EQ(w->cmdSave->isEnabled(), c.shared != before) << "only a changed value";
         ASSERT_EQ(t.messages.shown.size(), c.refusal ? 1u : 0u);
-        if (c.refusal) EXPECT_EQ(t.messages.shown[0].Title, c.refusal);
+        if (c.refusal) {
+            EXPECT_EQ(t.messages.shown[0].Title, c.refusal);
+        }
     }
 }
 
