@@ -8,7 +8,6 @@
 #include <sstream>
 
 #include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/ConfigurationStoreAdapter.h"
 #include "configuration/ConfigurationValueNames.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
@@ -318,19 +317,6 @@ TEST_F(LockedStoreAtStart, AbortEndsTheStart) {
     EXPECT_FALSE(CheckConfigurationAtStart(t.s, screens));
 }
 
-// Every value of the configuration key as the store gives it, file or memory alike.
-std::map<std::string, std::string> ConfigValues(KeyValueStore& store) {
-    std::map<std::string, std::string> out;
-    std::vector<std::string> names;
-    store.ValueNames(HKEY_LOCAL_MACHINE, kKey, names);
-    for (const auto& name : names) {
-        StoredValue v;
-        store.QueryValue(HKEY_LOCAL_MACHINE, kKey, name, v);
-        out[name] = v.Text;
-    }
-    return out;
-}
-
 // Going on without the store under a lock that stays: the program runs on the built-in
 // configuration, stored in memory only.
 class IgnoredStore : public LockedStoreAtStart {
@@ -383,21 +369,6 @@ class IgnoredStore : public LockedStoreAtStart {
 };
 
 TEST_F(IgnoredStore, RunsOnTheDefaultsAFirstConfigurationAcceptsAndNeverTouchesTheFile) {
-    // What a first run's screen stores when the user accepts every default.
-    test::TempDir other;
-    KeyValueStore fresh(other.Path() + "store.db");
-    TestSystem first;
-    first.s.platform.store = &fresh;
-    first.s.platform.machineDirectory = dir.Path();
-    ConfigScreen f = NewConfigScreen(ConfigScreenKind::Configuration);
-    ConfigForm_Load(first.s, f);
-    cmdSave_Click(first.s, f);
-    ForceFirstRunSwitches(first.s);
-    auto held = ConfigValues(*store);
-    // The start notes where the program runs from; a screen's Save does not.
-    held.erase("InstallPath");
-    held.erase("InstallName");
-    EXPECT_EQ(held, ConfigValues(fresh));
     EXPECT_EQ(t.mod().LogFilePath, dir.Path());
     EXPECT_EQ(t.mod().RunNoBoards, True);
     EXPECT_EQ(t.mod().LoggingOnOff, True);
@@ -430,19 +401,6 @@ TEST_F(IgnoredStore, ASaveWritesOnlyTheChangedValueAndTriesAgainAfterALock) {
     const std::string expected = WithValues(values, {{RelayNameValueName(0, 2), pump}});
     ASSERT_NE(expected, values);
     EXPECT_EQ(StoredValues(file), expected);
-}
-
-TEST_F(IgnoredStore, TheToolSwitchesAndTheChosenDataFileAreTheUsersChanges) {
-    holder->Release();
-    ConfigurationStoreAdapter commands(t.s);
-    t.mod().LoggingOnOff = False;
-    commands.ConfigurationFlagLoggingSave();
-    commands.ConfigurationFlagRunNoBoardsSave();  // unchanged: still the built-in emulation
-    t.mod().DataFileName = "farm.run";
-    commands.ConfigurationDataFileNameSave();
-    commands.ConfigurationDataFilePathSave();  // unchanged
-    EXPECT_EQ(StoredValues(file),
-              WithValues(values, {{"LoggingOnOff", "0"}, {"DataFileName", "farm.run"}}));
 }
 
 }  // namespace

@@ -239,6 +239,14 @@ TEST_F(Configuration, StoredFlagsCompareAsNumbers) {
         }
         Put(name, "1");
     }
+    // Saved, a flag that is not 0 is stored as on, whatever number it holds.
+    const std::pair<Flag, const char*> saved[] = {{False, "0"}, {True, "1"}, {1, "1"}, {5, "1"}};
+    for (const auto& [flag, text] : saved) {
+        m = stored_;
+        m.LoggingOnOff = flag;
+        ConfigurationSaveToReg(s);
+        EXPECT_EQ(Stored("LoggingOnOff"), text) << flag;
+    }
 }
 
 TEST_F(Configuration, TheSingleSavesStampNoVersionAndTheDeletesRemoveBothKeys) {

@@ -91,8 +91,16 @@ TEST_F(RegApi, TheTypeWordIsExactAndCheckedAfterTheKeyIsMade) {
 
 TEST_F(RegApi, NumbersAreStoredAsRounded32BitValues) {
     const std::pair<const char*, const char*> cases[] = {
-        {"5", " 5"},   {"-12", "-12"},    {"2.5", " 2"},
-        {"3.5", " 4"}, {"&HFF&", " 255"}, {"2147483647", " 2147483647"},
+        {"5", " 5"},
+        {"-12", "-12"},
+        {"2.5", " 2"},
+        {"0", " 0"},
+        {"0.5", " 0"},
+        {"-0.5", " 0"},
+        {"3.5", " 4"},
+        {"&HFF&", " 255"},
+        {"-2147483648", "-2147483648"},
+        {"2147483647", " 2147483647"},
     };
     for (const auto& [in, out] : cases) {
         RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "Number", "N", in);

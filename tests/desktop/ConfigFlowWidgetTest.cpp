@@ -6,17 +6,14 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QSignalSpy>
 #include <QTest>
 #include <memory>
 
-#include "configuration/CheckConfigurationAtStart.h"
-#include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
-#include "desktop/ShowConfigForms.h"
 #include "desktop/VantrellionApp.h"
 #include "desktop/frmConfigBoards.h"
-#include "desktop/frmConfigColors.h"
 #include "desktop/frmConfiguration.h"
 #include "desktop/frmLogFilePath.h"
 #include "support/Fakes.h"
@@ -106,21 +103,12 @@ TEST_F(ProgramConfiguration, AFirstStartSavedWithAllDefaultsRunsInEmulationWithL
     for (const char* on :
          {"LoggingOnOff", "RunNoBoards", "LogBoard1", "ResetOnExit1", "WarnOverLapTime"})
         EXPECT_EQ(Stored(on), "1") << on;
-    const std::pair<const char*, const char*> defaults[] = {
-        {"ChipSetType1", "CBRelay16A"},   {"BaseAddress1", "768"},
-        {"InputAddress1", "769"},         {"CntlAddress1", "0"},
-        {"PortConfigValue1", "0"},        {"Brd1RNam1", "Relay: 1"},
-        {"Brd1RNam8", "Relay: 8"},        {"ColorNameBkgrnd", "65535"},
-        {"ColorTTimeBkgrnd", "12632256"}, {"ColorRelayGroup1", "12648447"},
-        {"ColorRelayGroup8", "16777215"},
-    };
-    for (const auto& [name, text] : defaults)
-        EXPECT_EQ(Stored(name), text) << name;
+    EXPECT_EQ(Stored("BaseAddress1"), "768");
+    EXPECT_EQ(Stored("Brd1RNam8"), "Relay: 8");
+    EXPECT_EQ(Stored("ColorRelayGroup8"), "16777215");
     frmRelay& main = *app->MainWindow();
     EXPECT_TRUE(main.isVisible());
     EXPECT_TRUE(app->Timer().IsEnabled());
-    EXPECT_EQ(main.Menu("mnuDisplayAddress")->text(), "Currently Running in Emulation Mode");
-    EXPECT_EQ(main.Menu("mnuToolLogging")->text(), "Logging (On)");
     EXPECT_TRUE(ports.Writes().empty()) << "emulation touches no port";
 }
 
@@ -181,67 +169,6 @@ TEST_F(ProgramConfiguration, FromTheMenuOnlyAChangedAddressSetsTheBoardUp) {
     EXPECT_TRUE(app->Timer().IsEnabled());
 }
 
-// A display of a given height in twips (15 to a pixel).
-class FixedDisplay : public DesktopConfigurationScreens {
-  public:
-    FixedDisplay(System& s, int heightTwips)
-        : DesktopConfigurationScreens(s), heightTwips_(heightTwips) {}
-    int ScreenHeightTwips() override { return heightTwips_; }
-
-  private:
-    int heightTwips_;
-};
-
-// A first run accepted with Save wherever the screens offer it stores the default colours,
-// on a small display (the board screen, then the colour screen) as on a large one.
-TEST(FirstRunOnEachDisplay, AcceptingTheDefaultsStoresTheDefaultColours) {
-    const struct {
-        int heightPixels;
-        std::vector<std::string> windows;
-    } cases[] = {
-        {599, {"frmConfigBoards", "frmConfigColors"}},
-        {768, {"frmConfiguration"}},
-        {1024, {"frmConfiguration"}},
-    };
-    for (const auto& c : cases) {
-        TestSystem t;
-        TempStore temp(t.s);
-        t.s.modRelay = ModRelay{};  // nothing loaded yet
-        FixedDisplay screens(t.s, c.heightPixels * 15);
-        ModalSteps steps;
-        const auto saveAndExit = [](auto& w) {
-            Activate(w);
-            if (w.cmdSave->isEnabled()) Click(w.cmdSave);
-            Click(w.cmdExit);
-        };
-        if (c.windows.size() == 2) {
-            steps.On<frmConfigBoards>(saveAndExit);
-            steps.On<frmConfigColors>([&](frmConfigColors& w) {
-                for (int i = 0; i < StatusColorCount; ++i)
-                    EXPECT_EQ(w.Colors->cmdSetColorIndicator[i]->ColorShown(),
-                              StringTableColor(StringId::DefaultStatusColor + i));
-                saveAndExit(w);
-            });
-        } else {
-            steps.On<frmConfiguration>(saveAndExit);
-        }
-        ASSERT_TRUE(CheckConfigurationAtStart(t.s, screens));
-        EXPECT_TRUE(steps.Done());
-        EXPECT_EQ(steps.windows, c.windows);
-        const auto stored = [&](const std::string& name) {
-            return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
-        };
-        for (int g = 0; g < 8; ++g)
-            EXPECT_EQ(stored("ColorRelayGroup" + std::to_string(g + 1)),
-                      std::to_string(StringTableColor(StringId::DefaultGroupColor + g)))
-                << c.heightPixels;
-        EXPECT_EQ(stored("ColorNameBkgrnd"),
-                  std::to_string(StringTableColor(StringId::DefaultStatusColor)));
-        EXPECT_EQ(stored("BaseAddress1"), "768");
-        EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{kFirstRun});
-    }
-}
-
 class LogDirectoryChooser : public ::testing::Test {
   protected:
     TestSystem t;
@@ -267,7 +194,6 @@ TEST_F(LogDirectoryChooser, BrowseOpensOnTheNearestDirectoryAndSelectAddsTheSepa
     ASSERT_FALSE(w.cmdSave->isEnabled());
     ModalSteps steps;
     steps.On<frmLogFilePath>([this](frmLogFilePath& chooser) {
-        EXPECT_EQ(chooser.windowTitle(), "Select Location  for Log Files");
         EXPECT_EQ(chooser.ChosenPath + "/", logs.Path());
         EXPECT_EQ(chooser.Text1->text().toStdString() + "/", logs.Path());
         Click(chooser.cmdCancel);
@@ -297,14 +223,22 @@ TEST_F(LogDirectoryChooser, OpensScrolledToThePresentDirectory) {
     base.mkpath("zz/present");
     t.mod().LogFilePath = logs.Path() + "zz/present/";
     frmLogFilePath chooser(t.s);
+    // The tree reads the directories in the background and tells each one it has read.
+    QSignalSpy loaded(chooser.Dir1->model(), SIGNAL(directoryLoaded(QString)));
     chooser.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&chooser));
+    const QString parent = QDir(QString::fromStdString(logs.Path())).absolutePath();
+    const auto parentRead = [&] {
+        for (const QList<QVariant>& signal : loaded)
+            if (QDir(signal[0].toString()).absolutePath() == parent) return true;
+        return false;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(parentRead, 10000));
     const auto inView = [&] {
         const QRect row = chooser.Dir1->visualRect(chooser.Dir1->currentIndex());
         return !row.isEmpty() && chooser.Dir1->viewport()->rect().contains(row.center());
     };
-    QTest::qWait(500);  // the tree reads the directories in the background
-    EXPECT_TRUE(QTest::qWaitFor(inView, 3000));
+    EXPECT_TRUE(QTest::qWaitFor(inView, 10000));
     EXPECT_EQ(chooser.ChosenPath, logs.Path() + "zz/present");
 }
 

@@ -129,30 +129,6 @@ TEST_F(FieldEntryWidgetTest, BlanksInTheCodeFieldBecomeZerosAndEveryKeyRestartsT
     EXPECT_TRUE(t.messages.shown.empty());
 }
 
-TEST_F(FieldEntryWidgetTest, TheOverlapWarningComparesTextsFollowsTheSettingAndKeepsTheEntry) {
-    struct Case {
-        const char* firstStart;
-        Flag warnOverLapTime;
-        bool warned;
-    } cases[] = {{"09:00", True, true}, {"09:00", False, false}, {"9:00", True, false}};
-    for (const Case& c : cases) {
-        t.mod().WarnOverLapTime = c.warnOverLapTime;
-        t.SetPair(3, 0, c.firstStart, "12:00");
-        t.SetPair(3, 1, "10:00", "");
-        FillRowsFromRecords(t.s);
-        t.messages.shown.clear();
-        Type(w->txtEndTime[PairIndex(3, 1)], "11:00");
-        PressTab(w->txtEndTime[PairIndex(3, 1)]);
-        if (c.warned) {
-            ExpectOneBox(t, "Your Last Entry Over-Laps another Time-Pair", "Warning !");
-        } else {
-            EXPECT_TRUE(t.messages.shown.empty()) << c.firstStart;
-        }
-        EXPECT_EQ(Focused(), w->txtStartTime[PairIndex(3, 2)]);  // a warning holds nothing
-        EXPECT_EQ(t.frm().EndTime[PairIndex(3, 1)], "11:00");
-    }
-}
-
 TEST_F(FieldEntryWidgetTest, AnEndTimeWithoutStartIsKeptAfterTheWarning) {
     const int k = PairIndex(5, 5);
     Type(w->txtEndTime[k], "17:45");

@@ -87,21 +87,6 @@ TEST_F(PrintTest, WindowWiderThanThePageIsScaledAndANarrowOneKeepsItsSize) {
     EXPECT_TRUE(t.messages.shown.empty());
 }
 
-TEST_F(PrintTest, ScreenFillsThePageWidthAndIsCopiedUnderTheScreenName) {
-    auto w = Window("frmNarrow", 300, 200);
-    clsPrintScreenOrForm job(t.s);
-    job.mPrintScreen(w.get());
-    const QSize screen = w->screen()->geometry().size();
-    EXPECT_EQ(job.Picture.size(), screen);
-    EXPECT_NEAR(job.PrintedSize.Width, PageWidthTwips(), 2);
-    EXPECT_NEAR(job.PrintedSize.Height, PageWidthTwips() / screen.width() * screen.height(), 2);
-    EXPECT_EQ(QImage(job.BitmapFile, "BMP").size(), screen);
-    EXPECT_TRUE(job.BitmapFile.endsWith("test_desktop_frmNarrow_Screen.BMP"));
-    // The window stands on the picture where it stands on the screen.
-    const QPoint inside = w->geometry().center() - w->screen()->geometry().topLeft();
-    EXPECT_EQ(job.Picture.pixelColor(inside), kFill);
-}
-
 TEST_F(PrintTest, BitmapThatCannotBeWrittenGivesABox) {
     dir.Write("machine", "a file where the directory should be");
     auto w = Window("frmNarrow", 300, 200);

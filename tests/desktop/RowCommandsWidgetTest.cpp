@@ -145,45 +145,5 @@ TEST_F(RowCommandsWidgetTest, TheIconDialogStoresTheChosenPathAndKeepsABorrowedP
     EXPECT_EQ(u.relay(7).IconFile, "");  // the cancel wrote nothing
 }
 
-// The tool tips come from the string table on the first move over a control; a move over a
-// field echoes its text, over a label its caption, and over an image nothing.
-TEST_F(RowCommandsWidgetTest, MouseMovesSetToolTipsOnceAndEchoFieldsAndLabels) {
-    t.SetPair(3, 0, "08:00", "09:15");
-    FillRowsFromRecords(t.s);
-    struct Case {
-        QWidget* control;
-        const char* tip;
-        const char* echo;  // nullptr: the status bar is left alone
-    } cases[] = {
-        {w->lblManual[3], "Manually turn relay ON (will not override \"STOP\")", "> Manual <"},
-        {w->lblInvert[3], "Change state of relay (ON changes to OFF)", "> Invert <"},
-        {w->lblTotalTime[3], "Total Time ON or Method ON", "> 01:15:00 <"},
-        {w->lblCounter[3], "Total Count, Input signal changes to ON", "> Counter <"},
-        {w->imgHardStop[3], "\"STOP\" and RESET this relay, (overrides ALL other settings)",
-         nullptr},
-        {w->imgIDIcon[3], "User selected icon, (32 x 32 & 16 x 16 only)", nullptr},
-        {w->txtDisplayName[3], "User Defined Relay Name ", "> Relay 4 <"},
-        {w->txtDaysOfWeek[3], "Selected Days of week: 1=Sun,2=Mon,3=Tue,4=Wed,5=Thur,6=Fri,7=Sat ",
-         "> All Days <"},
-        {w->txtEndTime[PairIndex(3, 0)], "End Time", "> 09:15 <"},
-        {w->txtStartTime[PairIndex(3, 0)], "Start Time", "> 08:00 <"},
-        {w->txtDayHrEvenOdd[3],
-         "(E)ven,(O)dd,(D)ay,(H)our,(M)inute,(S)econd, TH, MH, BH, ## Cyclic Minutes", "> EO <"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_TRUE(c.control->toolTip().isEmpty()) << c.tip;
-        w->StatusPanel[4]->setText("before");
-        MoveMouseOver(c.control);
-        EXPECT_EQ(c.control->toolTip().toStdString(), c.tip);
-        EXPECT_EQ(Echo(), c.echo ? c.echo : "before");
-    }
-    w->lblManual[3]->setToolTip("changed");
-    w->txtEndTime[PairIndex(3, 0)]->setToolTip("changed too");
-    MoveMouseOver(w->lblManual[3]);
-    MoveMouseOver(w->txtEndTime[PairIndex(3, 0)]);
-    EXPECT_EQ(w->lblManual[3]->toolTip(), "changed");
-    EXPECT_EQ(w->txtEndTime[PairIndex(3, 0)]->toolTip(), "changed too");
-}
-
 }  // namespace
 }  // namespace vantrellion::test

@@ -97,7 +97,9 @@ TEST_F(RowLookWidgetTest, ATickThatChangesNoSizeLaysOutNothing) {
     t.SetPair(1, 0, "08:00", "17:00");
     t.clock.SetTime(9, 0, 0);
     CheckTimeTick(t.s);
-    QTest::qWait(50);  // the window settles after its first tick
+    // The window settles after its first tick: every layout pass it asked for is done.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    QCoreApplication::processEvents();
     LayoutRequests layouts;
     t.clock.SetTime(9, 0, 1);
     t.relay(2).Manual = True;

@@ -10,15 +10,10 @@
 #include "configuration/KeyValueStore.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/modRegAPI.h"
-#include "core/clsResizeFormCntls.h"
-#include "desktop/FormPosition.h"
-#include "desktop/QtConvert.h"
 #include "desktop/VantrellionApp.h"
-#include "desktop/frmLogFilePath.h"
 #include "support/Fakes.h"
 #include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
-#include "support/TempStore.h"
 
 namespace vantrellion::test {
 namespace {
@@ -65,14 +60,6 @@ class ProgramWindows : public ::testing::Test {
     }
     frmRelay& Window() { return *app->MainWindow(); }
     QAction* Recent(int n) { return Window().Menu("mnuMRUFiles", n); }
-    // Resizes the window until its rows' area has the given size: the status bar takes its
-    // final height only after a few layout passes.
-    void BringClientTo(QSize size) {
-        for (int n = 0; n < 5 && Window().centralWidget()->size() != size; ++n) {
-            Window().resize(Window().size() + (size - Window().centralWidget()->size()));
-            QApplication::processEvents();
-        }
-    }
 };
 
 TEST_F(ProgramWindows, TheMainScreenComesBackWhereItWasUnlessTheUserResizedIt) {
@@ -93,51 +80,6 @@ TEST_F(ProgramWindows, TheMainScreenComesBackWhereItWasUnlessTheUserResizedIt) {
     Stop();
     EXPECT_EQ(StoredPlace(dir.File("store.db"), "frmRelay"),
               Place(150, 120, design.width(), design.height()));
-}
-
-TEST_F(ProgramWindows, TheRowsScaleWithTheWindowWithoutDrift) {
-    Start();
-    QWidget* client = Window().centralWidget();
-    // The status bar may settle to another height once the window shows, which changes the
-    // rows' area without a resize of the window: start from the area the design was recorded
-    // at.
-    const auto& recorded = *app->system().frmRelay.ResizeFormCntls;
-    const QSize captured(recorded.DesignWidth / TwipsPerPixel,
-                         recorded.DesignHeight / TwipsPerPixel);
-    BringClientTo(captured);
-    ASSERT_EQ(client->size(), captured);
-    const std::vector<QWidget*> probes = {Window().fraRelayGroup[7], Window().txtStartTime[47],
-                                          Window().imgHardStop[3], Window().lblCounter[0]};
-    std::vector<QRect> design;
-    for (QWidget* w : probes)
-        design.push_back(w->geometry());
-    const QSize base = client->size(), window = Window().size();
-
-    for (double f : {1.5, 2.0, 1.0}) {
-        Window().resize(window + QSize(int(base.width() * (f - 1)), int(base.height() * (f - 1))));
-        QApplication::processEvents();
-        const double fx = double(client->width()) / base.width();
-        const double fy = double(client->height()) / base.height();
-        for (size_t n = 0; n < probes.size(); ++n) {
-            const QRect g = probes[n]->geometry();
-            EXPECT_NEAR(g.x(), design[n].x() * fx, 1.0) << n << " at " << f;
-            EXPECT_NEAR(g.y(), design[n].y() * fy, 1.0) << n << " at " << f;
-            EXPECT_NEAR(g.width(), design[n].width() * fx, 1.0) << n << " at " << f;
-            EXPECT_NEAR(g.height(), design[n].height() * fy, 1.0) << n << " at " << f;
-        }
-    }
-    for (int n = 0; n < 100; ++n) {
-        Window().resize(window + QSize(n * 7 % 300, n * 13 % 200));
-        QApplication::processEvents();
-    }
-    Window().resize(window);
-    QApplication::processEvents();
-    // The status bar may have settled to another height meanwhile: bring the rows' area back
-    // to its design size exactly.
-    BringClientTo(base);
-    ASSERT_EQ(client->size(), base);
-    for (size_t n = 0; n < probes.size(); ++n)
-        EXPECT_EQ(probes[n]->geometry(), design[n]) << n;
 }
 
 TEST_F(ProgramWindows, OpenedAndSavedFilesAreOnTheFileMenuAndAClickOpensOne) {
@@ -173,37 +115,6 @@ TEST_F(ProgramWindows, OpenedAndSavedFilesAreOnTheFileMenuAndAClickOpensOne) {
     EXPECT_EQ(Recent(1)->text().toStdString(), dir.File("last week.run"));
     EXPECT_FALSE(Recent(2)->isVisible());
     EXPECT_TRUE(dialogs.opened.empty());
-}
-
-TEST(WindowPlaces, AChooserMovedAndResizedReopensThereAndAnUnknownWindowIsRefused) {
-    TestSystem t;
-    TempStore temp(t.s);
-    t.mod().LogFilePath = temp.dir().Path();
-    {
-        frmLogFilePath first(t.s);
-        RestoreFormPosition(t.s, first);  // centred on the screen
-        const QRect screen = first.screen()->geometry();
-        EXPECT_NEAR(first.x(), (screen.width() - first.width()) / 2, 1);
-        first.show();
-        first.move(40, 30);
-        first.resize(500, 400);
-        first.close();
-        SaveFormPosition(t.s, first);
-    }
-    EXPECT_EQ(StoredPlace(temp.FilePath(), "frmLogFilePath"), Place(40, 30, 500, 400));
-    frmLogFilePath again(t.s);
-    RestoreFormPosition(t.s, again);
-    EXPECT_EQ(again.geometry().topLeft(), QPoint(40, 30));
-    EXPECT_EQ(again.size(), QSize(500, 400));
-
-    QWidget stranger;
-    stranger.setObjectName("frmStranger");
-    stranger.move(7, 8);
-    RestoreFormPosition(t.s, stranger);
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_EQ(t.messages.shown[0].Prompt, "Prior Position Not Set");
-    EXPECT_EQ(t.messages.shown[0].Title, "Unsupported Form");
-    EXPECT_EQ(stranger.pos(), QPoint(7, 8));
 }
 
 }  // namespace

@@ -60,8 +60,11 @@ TEST(FieldReader, ReadsFieldsAsTheRunFileReaderDoes) {
         {"number overflow", "32768\r\n", {{'N', "!Overflow"}}},
         {"text as a number", "EO\r\n", {{'N', "!Type mismatch"}}},
         {"quoted number is a mismatch", "\"1\"\r\n", {{'N', "!Type mismatch"}}},
-        {"no field without bound",
-         std::string(FieldReader::MaxFieldLength + 10, 'x'),
+        {"a field of the bound's length reads whole",
+         std::string(FieldReader::MaxFieldLength, 'x') + "\r\ny",
+         {{'T', std::string(FieldReader::MaxFieldLength, 'x')}, {'T', "y"}}},
+        {"one more is refused",
+         std::string(FieldReader::MaxFieldLength + 1, 'x'),
          {{'T', "!Out of string space"}}},
     };
     for (const auto& c : cases) {
