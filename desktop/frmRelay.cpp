@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QImageReader>
+#include <QKeySequence>
 #include <QMenuBar>
 #include <QPainter>
 #include <QStyle>
@@ -242,14 +243,14 @@ void frmRelay::BuildMenus() {
     };
 
     QMenu* file = top("mnuFile", "&File");
-    AddItem(file, "mnuFileNew", "&New");
-    AddItem(file, "mnuFileOpen", "&Open");
+    AddItem(file, "mnuFileNew", "&New")->setShortcut(QKeySequence::New);
+    AddItem(file, "mnuFileOpen", "&Open")->setShortcut(QKeySequence::Open);
     file->addSeparator();
-    AddItem(file, "mnuFilePrintForm", "Print Window");
+    AddItem(file, "mnuFilePrintForm", "Print Window")->setShortcut(QKeySequence::Print);
     AddItem(file, "mnuFilePrintScreen", "Print Screen");
     file->addSeparator();
-    AddItem(file, "mnuFileSave", "&Save");
-    AddItem(file, "mnuFileSaveAs", "Save &As...");
+    AddItem(file, "mnuFileSave", "&Save")->setShortcut(QKeySequence::Save);
+    AddItem(file, "mnuFileSaveAs", "Save &As...")->setShortcut(QKeySequence("Ctrl+Shift+S"));
     file->addSeparator();
     AddItem(file, "mnuFileConfiguration", "Configuration");
     AddItem(file, "mnuFileConfigurationRemove", "Configuration (Remove)");
@@ -259,7 +260,7 @@ void frmRelay::BuildMenus() {
         mru->setSeparator(n == 0);
         mru->setVisible(false);
     }
-    AddItem(file, "mnuFileExit", "E&xit");
+    AddItem(file, "mnuFileExit", "E&xit")->setShortcut(QKeySequence("Ctrl+Q"));
     QAction* sep6 = file->addSeparator();
     sep6->setObjectName("mnuFileSep6");
     sep6->setVisible(false);

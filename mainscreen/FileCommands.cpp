@@ -79,9 +79,10 @@ void SplitChosenFileName(System& s, const std::string& chosen) {
 void mnuFileNew(System& s) {
     FrmRelay& f = s.frmRelay;
     const CheckTimeHold hold(s);
-    // Cancel does not stop New: the answer is not looked at.
-    if (f.FileChanged != 0)
-        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName);
+    // Cancel (or Escape) on the question stops New and keeps the schedule.
+    if (f.FileChanged != 0 &&
+        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName) == 2)
+        return;
     f.AutoRestarted = False;
     RemoveTheRestartFile(s);
     s.modRelay.DataFileName = "";
@@ -96,13 +97,13 @@ void mnuFileOpen(System& s) {
     FrmRelay& f = s.frmRelay;
     ModRelay& m = s.modRelay;
     const CheckTimeHold hold(s);
-    if (f.FileChanged != 0) FormAskFileSaveCancel(s, m.DataFilePath, m.DataFileName);
+    if (f.FileChanged != 0 && FormAskFileSaveCancel(s, m.DataFilePath, m.DataFileName) == 2) return;
 
     FileDialogRequest dialog;
     dialog.InitialDirectory = m.DataFilePath;
     dialog.FileName = m.DataFileName;
     dialog.Title = "Select Time-Schedule";
-    dialog.Filter = "Run File (*.run)|*.run";
+    dialog.Filter = "Run File (*.run)|*.run|All files (*)|*";
     dialog.Flags = 0x81000;
     const std::optional<std::string> chosen = s.platform.dialogs->ShowOpen(dialog);
     // A cancelled dialog ends the command here with nothing changed, and the relays go on
@@ -113,8 +114,9 @@ void mnuFileOpen(System& s) {
 
 bool mnuMRUFiles(System& s, const std::string& fileName) {
     const CheckTimeHold hold(s);
-    if (s.frmRelay.FileChanged != 0)
-        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName);
+    if (s.frmRelay.FileChanged != 0 &&
+        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName) == 2)
+        return false;
     return OpenChosenRunFile(s, fileName);
 }
 
@@ -171,7 +173,11 @@ void ShowFileSaveDialog(System& s) {
     dialog.Title = "Save Time-Schedule as";
     dialog.Filter = "Run File (*.run)|*.run|Text File (*.txt)|*.txt";
     dialog.Flags = 2;
-    if (const std::optional<std::string> chosen = s.platform.dialogs->ShowSave(dialog)) {
+    if (std::optional<std::string> chosen = s.platform.dialogs->ShowSave(dialog)) {
+        // A name typed without an extension becomes a Run File, so that Open lists it.
+        const size_t slash = chosen->rfind('/');
+        if (chosen->find('.', slash == std::string::npos ? 0 : slash + 1) == std::string::npos)
+            *chosen += ".run";
         SplitChosenFileName(s, *chosen);
         StoreDataFileLocation(s);
         const bool saved = SaveRunFile(s, m.DataFilePath, m.DataFileName);

@@ -97,6 +97,11 @@ void mnuFileConfigurationRemove(System& s) {
     if (answer != Answer::OK) return;
     ConfigurationDeleteFromReg(s);
     ConfigurationDeleteLastPos(s);
+    s.Message(
+        {"The configuration has been removed.\r\n\r\n"
+         "This run goes on with the configuration it has; the next start of " +
+             std::string(AppTitle) + " asks for a first configuration.",
+         Buttons::OK, Icon::Information, 1, "Configuration Removed"});
 }
 
 }  // namespace vantrellion

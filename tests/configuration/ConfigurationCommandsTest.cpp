@@ -143,7 +143,10 @@ TEST_F(ConfigurationCommands, RemovalAsksAndEitherAnswerGivesTheTickBack) {
         t.messages.answers = {answer};
         mnuFileConfigurationRemove(s);
         // (With no window position stored yet, the layer also tells that it found no key.)
-        ASSERT_EQ(t.messages.shown.size(), answer == Answer::OK ? 3u : 1u);
+        ASSERT_EQ(t.messages.shown.size(), answer == Answer::OK ? 4u : 1u);
+        if (answer == Answer::OK) {
+            EXPECT_EQ(t.messages.shown.back().Title, "Configuration Removed");
+        }
         const MessageBoxRequest& box = t.messages.shown[0];
         EXPECT_EQ(box.Prompt,
                   "You are about to completely remove all\r\nConfiguration information for "

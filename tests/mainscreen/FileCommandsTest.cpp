@@ -1,8 +1,8 @@
 // New, Open, Save and Save As, with the dialogs answered from a script.
 #include <gtest/gtest.h>
 
-#include "runfile/CrashRestart.h"
 #include "mainscreen/FileCommands.h"
+#include "runfile/CrashRestart.h"
 #include "runfile/RunFileSave.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
@@ -32,27 +32,31 @@ class FileCommandsTest : public ::testing::Test {
     bool RestartFileExists() { return dir.Exists(RestartFileName); }
 };
 
-TEST_F(FileCommandsTest, NewWithCancelStillClearsTheSchedule) {
-    t.SetPair(0, 0, "08:00", "09:00");
-    t.mod().DataFilePath = dir.Path();
-    t.mod().DataFileName = "x.run";
-    t.frm().FileChanged = True;
-    t.frm().RestartDisabled = True;
-    t.messages.answers = {Answer::Cancel};
-    mnuFileNew(t.s);
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_EQ(t.messages.shown[0].Prompt, "Save File?");
-    EXPECT_EQ(t.messages.shown[0].Title, "Save?");
-    EXPECT_EQ(t.messages.shown[0].ButtonSet, Buttons::YesNoCancel);
-    EXPECT_EQ(t.messages.shown[0].DefaultButton, 2);
-    EXPECT_EQ(t.frm().StartTime[0], "");
-    EXPECT_EQ(t.mod().DataFileName, "");
-    EXPECT_EQ(t.mod().DataFilePath, dir.Path());
-    EXPECT_EQ(t.frm().FileChanged, 0);
-    EXPECT_EQ(t.frm().RestartDisabled, 0);
-    EXPECT_EQ(t.screen.title, "New");
-    EXPECT_TRUE(RestartFileExists());
-    EXPECT_TRUE(t.timer.enabled);
+// Cancel (or Escape) on "Save File?" stops New, Open and a recent file, and keeps the schedule
+// with its changes.
+TEST_F(FileCommandsTest, CancelOnSaveFileKeepsTheSchedule) {
+    for (int command = 0; command < 3; ++command) {
+        TestSystem u;
+        u.s.platform.machineDirectory = dir.Path();
+        u.frm().CheckTimeAllowed = True;
+        u.SetPair(0, 0, "08:00", "09:00");
+        u.mod().DataFileName = "x.run";
+        u.frm().FileChanged = True;
+        u.messages.answers = {Answer::Cancel};
+        if (command == 0) mnuFileNew(u.s);
+        if (command == 1) mnuFileOpen(u.s);
+        if (command == 2) {
+            EXPECT_FALSE(mnuMRUFiles(u.s, dir.File("other.run")));
+        }
+        ASSERT_EQ(u.messages.shown.size(), 1u);
+        EXPECT_EQ(u.messages.shown[0].Prompt, "Save File?");
+        EXPECT_EQ(u.messages.shown[0].DefaultButton, 2);
+        EXPECT_EQ(u.frm().StartTime[0], "08:00");
+        EXPECT_EQ(u.mod().DataFileName, "x.run");
+        EXPECT_EQ(u.frm().FileChanged, True);
+        EXPECT_TRUE(u.dialogs.opened.empty());
+        EXPECT_TRUE(u.timer.enabled);
+    }
 }
 
 TEST_F(FileCommandsTest, OpenCancelledLeavesScheduleAndResumesTheTick) {
@@ -62,7 +66,7 @@ TEST_F(FileCommandsTest, OpenCancelledLeavesScheduleAndResumesTheTick) {
     ASSERT_EQ(t.dialogs.opened.size(), 1u);
     const FileDialogRequest& d = t.dialogs.opened[0];
     EXPECT_EQ(d.Title, "Select Time-Schedule");
-    EXPECT_EQ(d.Filter, "Run File (*.run)|*.run");
+    EXPECT_EQ(d.Filter, "Run File (*.run)|*.run|All files (*)|*");
     EXPECT_EQ(d.Flags, 0x81000);
     EXPECT_EQ(t.frm().StartTime[0], "08:00");
     EXPECT_TRUE(t.timer.enabled);
@@ -123,6 +127,12 @@ TEST_F(FileCommandsTest, SaveAsChoosesTheNameAndCancelChangesNothing) {
     EXPECT_EQ(t.frm().FileChanged, 0);
     EXPECT_EQ(t.frm().AutoRestarted, 0);
     EXPECT_EQ(t.screen.title, dir.Path() + "new.txt");
+
+    // A name typed without an extension is saved as a Run File.
+    t.dialogs.answers = {dir.File("week")};
+    mnuFileSaveAs(t.s);
+    EXPECT_TRUE(dir.Exists("week.run"));
+    EXPECT_EQ(t.mod().DataFileName, "week.run");
 }
 
 TEST_F(FileCommandsTest, AskToSaveWithoutANameOpensSaveAs) {
