@@ -19,6 +19,8 @@ inline constexpr int PairSlots = (LastBoard + 1) * RelaysPerBoard * PairsPerRela
 
 // The product title used in message boxes that carry "the program's title".
 inline constexpr const char* AppTitle = "Vantrellion";
+// The version of the package, as the build names it.
+inline constexpr const char* ProgramVersionText = VANTRELLION_VERSION;
 
 // The version text, composed from its pieces at run time:
 // "FV.2001.05.01|.b0.r7.t5" in this build.

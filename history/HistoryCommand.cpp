@@ -1,5 +1,7 @@
 #include "history/HistoryCommand.h"
 
+#include <sys/stat.h>
+
 #include "history/HistorySettings.h"
 
 namespace vantrellion {
@@ -10,7 +12,8 @@ const char* const HistoryUsage =
     "  --from DATE  first day, as 2026-11-01 (default: 30 days before --to)\n"
     "  --to DATE    last day (default: today)\n"
     "  --csv FILE   write the figures per day as CSV\n"
-    "  --png FILE   write the bar chart as a PNG picture\n";
+    "  --png FILE   write the bar chart as a PNG picture\n"
+    "  --version    print the version and end\n";
 
 bool ParseHistoryCommand(const std::vector<std::string>& args, HistoryCommand& out,
                          std::string& error) {
@@ -30,6 +33,8 @@ bool ParseHistoryCommand(const std::vector<std::string>& args, HistoryCommand& o
             *value = args[++i];
         } else if (a == "-h" || a == "--help") {
             out.Help = true;
+        } else if (a == "--version") {
+            out.Version = true;
         } else if (a.size() > 1 && a[0] == '-') {
             error = "unknown option " + a;
             return false;
@@ -48,6 +53,10 @@ int RunHistoryCommand(const HistoryCommand& c, const std::string& machineDirecto
                       const HistoryPngWriter& writePng) {
     if (c.Help) {
         out += HistoryUsage;
+        return 0;
+    }
+    if (c.Version) {
+        out += std::string("vantrellion-history ") + ProgramVersionText + "\n";
         return 0;
     }
     LocalSeconds last = DayStart(now), first = 0;
@@ -69,6 +78,11 @@ int RunHistoryCommand(const HistoryCommand& c, const std::string& machineDirecto
     const HistorySettings settings = ReadHistorySettings(machineDirectory);
     std::string dir = c.LogDirectory.empty() ? settings.LogDirectory : c.LogDirectory;
     if (!c.LogDirectory.empty() && dir.back() != '/') dir += '/';
+    struct stat st {};
+    if (::stat(dir.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) {
+        err += "no such log directory: " + dir + "\n";
+        return 1;
+    }
 
     const RunTimeHistory h = ReadRunTimeHistory({dir, first, last, now});
     out += "Log directory: " + dir + "\n" + HistoryTableText(h, settings.Labels);

@@ -17,6 +17,7 @@ struct HistoryCommand {
     std::string From, To;      // "2026-11-01"; empty: the defaults
     std::string CsvFile, PngFile;
     bool Help = false;
+    bool Version = false;
 };
 
 extern const char* const HistoryUsage;

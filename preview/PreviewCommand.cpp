@@ -77,7 +77,8 @@ std::string PreviewUsage() {
            std::to_string(PreviewMaxDays) +
            " (default: 7)\n"
            "  --csv    write every switch time as CSV\n"
-           "  --svg, --png   write the timeline as a picture\n";
+           "  --svg, --png   write the timeline as a picture\n"
+           "  --version      print the version and end\n";
 }
 
 ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
@@ -91,6 +92,10 @@ ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
         const std::string& a = args[n];
         if (a == "--help" || a == "-h") {
             o.Help = true;
+            return parsed;
+        }
+        if (a == "--version") {
+            o.Version = true;
             return parsed;
         }
         if (a == "--from" || a == "--days" || a == "--csv" || a == "--svg" || a == "--png") {
@@ -135,6 +140,10 @@ int RunPreviewCommand(const std::vector<std::string>& args, const PreviewEnviron
     const PreviewOptions& o = parsed.Options;
     if (o.Help) {
         out << PreviewUsage();
+        return PreviewExitOk;
+    }
+    if (o.Version) {
+        out << Program << " " << ProgramVersionText << "\n";
         return PreviewExitOk;
     }
 

@@ -26,6 +26,7 @@ struct PreviewOptions {
     int Days = 7;
     std::string Csv, Svg, Png;
     bool Help = false;
+    bool Version = false;
 };
 
 // The options, or the message that says what is wrong with them.

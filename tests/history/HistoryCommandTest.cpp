@@ -119,6 +119,10 @@ TEST_F(HistoryCommandTest, AGivenDirectoryAndRangeAndTheExitStatus) {
     EXPECT_EQ(Run({"--csv", "/nonexistent/dir/a.csv"}), 1);
     EXPECT_EQ(stdErr, "cannot write /nonexistent/dir/a.csv\n");
     EXPECT_EQ(Run({"--png", out.File("x.png")}, false), 1);
+    EXPECT_EQ(Run({"/nonexistent/logs"}), 1);
+    EXPECT_EQ(stdErr, "no such log directory: /nonexistent/logs/\n");
+    EXPECT_EQ(Run({"--version"}), 0);
+    EXPECT_EQ(stdOut, std::string("vantrellion-history ") + ProgramVersionText + "\n");
 }
 
 }  // namespace

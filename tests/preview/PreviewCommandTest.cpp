@@ -105,6 +105,8 @@ TEST(PreviewCommand, RefusesBadArgumentsAndUnreadableFiles) {
     const Outcome help = f.Run({"--help"});
     EXPECT_EQ(help.status, PreviewExitOk);
     EXPECT_EQ(help.out.rfind("usage: vantrellion-preview RUNFILE", 0), 0u);
+    EXPECT_EQ(f.Run({"--version"}).out,
+              std::string("vantrellion-preview ") + ProgramVersionText + "\n");
     EXPECT_EQ(f.pictures.size(), 0u);
 }
 
