@@ -19,6 +19,7 @@ namespace vantrellion {
 class KeyValueStore;       // configuration/KeyValueStore.h
 class clsResizeFormCntls;  // core/clsResizeFormCntls.h
 class RecentFiles;         // core/RecentFiles.h
+class BoardSet;            // boardio/BoardSet.h
 
 struct RelayRecord {
     std::string DisplayName;
@@ -125,6 +126,9 @@ struct Platform {
     std::string autostartUserDirectory;
     // Told of every Run File opened or saved under a name; null when no list is kept.
     RecentFiles* recentFiles = nullptr;
+    // The boards with their connections; null drives every board through the port library (or
+    // emulated, with RunNoBoards), as a store without connection texts does.
+    BoardSet* boards = nullptr;
 };
 
 struct System {
