@@ -77,6 +77,13 @@ std::vector<FoundBoard> ListAllBoards() {
     return found;
 }
 
+std::string BoardListText() {
+    std::string text;
+    for (const FoundBoard& f : ListAllBoards())
+        text += f.connection + "\t" + f.description + "\n";
+    return text;
+}
+
 std::string CheckBoardConnection(const std::string& text) {
     std::string error;
     const BoardConnection c = ParseBoardConnection(text, error);

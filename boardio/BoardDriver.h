@@ -103,6 +103,8 @@ const std::vector<const BoardDriver*>& BoardDrivers();
 const BoardDriver* FindBoardDriver(const std::string& scheme);
 // Every board that every driver finds.
 std::vector<FoundBoard> ListAllBoards();
+// The same, one board a line: its connection text, a tab, its description.
+std::string BoardListText();
 
 // Checks a whole connection text: form, scheme and options. "" when it is good.
 std::string CheckBoardConnection(const std::string& text);

@@ -8,17 +8,21 @@
 namespace vantrellion {
 
 std::vector<HidReport> HidRelayReports(uint8_t before, uint8_t after, int count, bool known) {
-    const uint8_t all = static_cast<uint8_t>((1 << count) - 1);
-    after &= all;
-    if (known && (before & all) == after) return {};
-    if (after == all && count > 1) return {HidReport{0x00, 0xFE}};
-    if (after == 0 && count > 1) return {HidReport{0x00, 0xFC}};
+    const unsigned all = (1u << count) - 1;
+    const unsigned want = after & all, had = before & all;
+    if (known && had == want) return {};
     std::vector<HidReport> reports;
-    for (int r = 0; r < count; ++r) {
-        const bool on = (after >> r) & 1;
-        if (known && on == static_cast<bool>((before >> r) & 1)) continue;
-        reports.push_back(
-            HidReport{0x00, static_cast<uint8_t>(on ? 0xFF : 0xFD), static_cast<uint8_t>(r + 1)});
+    if (want == all && count > 1) {
+        reports.push_back({0x00, 0xFE});
+    } else if (want == 0 && count > 1) {
+        reports.push_back({0x00, 0xFC});
+    } else {
+        for (int r = 0; r < count; ++r) {
+            const unsigned on = (want >> r) & 1u;
+            if (known && on == ((had >> r) & 1u)) continue;
+            reports.push_back(
+                {0x00, static_cast<uint8_t>(on ? 0xFF : 0xFD), static_cast<uint8_t>(r + 1)});
+        }
     }
     return reports;
 }
