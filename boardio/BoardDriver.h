@@ -42,7 +42,7 @@ struct BoardOpening {
     int inputs = 8;  // how many inputs it has
     uint8_t wantedOutputs =
         0;                // what the schedule wants now, for drivers that set lines up at open
-    int timeoutMs = 150;  // no call may take longer than this
+    int timeoutMs = 100;  // no call may take longer than this
 };
 
 // The result of one call on a board: the byte read (for a read), or what went wrong.

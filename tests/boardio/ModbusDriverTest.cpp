@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "boardio/BoardSet.h"
+#include "boardio/BoardStatusDisplay.h"
 #include "boardio/PortAccess.h"
 #include "boardio/drivers/Drivers.h"
 #include "support/Fakes.h"
@@ -176,6 +177,11 @@ TEST_F(ModbusBoardFixture, AModuleThatGoesAwayIsLoggedOnceRetriedEveryFiveSecond
         EXPECT_EQ(Tick({{4, i >= 3}}), i >= 3 ? 0x12 : 0x02) << i;  // the wanted outputs stand
     EXPECT_TRUE(boards.NoContact(0));
     EXPECT_EQ(boards.Status(t.s, 0), "no contact");
+    BoardStatusDisplay shown(t.display, t.s, boards);
+    shown.SetOnOffLight(3, test::kRelayON);
+    shown.SetStateDisplayCaption(0, "- 2 - - - - - -");
+    EXPECT_EQ(t.display.light[3], NoContactColor);
+    EXPECT_EQ(t.display.stateCaption[0], "no contact: - 2 - - - - - -");
     const std::string log = Log();
     EXPECT_EQ(Lines(log), 1) << log;
     EXPECT_NE(log.find("Board 1 no contact: modbus-tcp://127.0.0.1:"), std::string::npos) << log;
