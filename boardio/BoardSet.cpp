@@ -31,7 +31,6 @@ struct BoardSet::Slot : BoardLink {
 
     System* s = nullptr;  // set at every Link
     std::unique_ptr<BoardLink> link;
-    bool opened = false;      // the board has answered at least once
     bool noContact = false;   // it stopped answering; logged
     bool tried = false;       // an attempt to open has been made
     int32_t lastAttempt = 0;  // tick count of the last attempt to open
@@ -72,8 +71,6 @@ struct BoardSet::Slot : BoardLink {
             return false;
         }
         hasInputs = link->HasInputs();
-        if (noContact) WriteEventLog(*s, BoardName(board) + " reconnected:", connection.text);
-        noContact = false;
         if (haveWanted) {
             rewrite = true;
         } else {
@@ -84,7 +81,6 @@ struct BoardSet::Slot : BoardLink {
             }
             seen = wanted = r.value;
         }
-        opened = true;
         return true;
     }
 
@@ -115,6 +111,11 @@ struct BoardSet::Slot : BoardLink {
             return BoardIo::Value(wanted);
         }
         seen = wanted = r.value;
+        // A board counts as back once it has answered, not when a connection is taken.
+        if (noContact) {
+            noContact = false;
+            WriteEventLog(*s, BoardName(board) + " reconnected:", connection.text);
+        }
         return r;
     }
     BoardIo ReadInputs() override {

@@ -1,5 +1,6 @@
 // The Modbus drivers against libmodbus's own server side: TCP on 127.0.0.1, RTU over a
 // pseudo-terminal pair. And the board set's handling of a module that goes away and returns.
+#include <arpa/inet.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -7,6 +8,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -212,6 +214,27 @@ TEST_F(ModbusBoardFixture, RetriesComeAtMostEveryFiveSeconds) {
     }
     Tick();
     EXPECT_EQ(server.Connections(), 1);
+}
+
+// A module that takes the connection but never answers (a listening socket that nobody serves)
+// holds a tick no longer than the time limit, and is then a board without contact.
+TEST_F(ModbusBoardFixture, AModuleThatNeverAnswersHoldsTheTickAtMost200Ms) {
+    const int silent = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in a{};
+    a.sin_family = AF_INET;
+    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t len = sizeof a;
+    ASSERT_EQ(::bind(silent, reinterpret_cast<sockaddr*>(&a), len) | ::listen(silent, 4), 0);
+    ::getsockname(silent, reinterpret_cast<sockaddr*>(&a), &len);
+    boards.SetConnection(0, "modbus-tcp://127.0.0.1:" + std::to_string(ntohs(a.sin_port)));
+    for (int tick = 0; tick < 7; ++tick) {
+        const auto start = std::chrono::steady_clock::now();
+        Tick({{0, true}});
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+    }
+    EXPECT_TRUE(boards.NoContact(0));
+    EXPECT_EQ(Lines(Log()), 1) << Log();
+    ::close(silent);
 }
 
 }  // namespace
