@@ -42,9 +42,13 @@ struct BoardSet::Slot : BoardLink {
     uint8_t inputs = 0;       // the inputs last read
     bool hasInputs = true;
 
+    // The board stopped answering: it is let go, and the next attempt comes no sooner than
+    // BoardRetryMs from now.
     void Fail(const std::string& error) {
         if (link) link->Close();
         link.reset();
+        tried = true;
+        lastAttempt = s->clock().GetTickCount();
         if (!noContact) {
             noContact = true;
             WriteEventLog(*s, BoardName(board) + " no contact:", connection.text + ": " + error);

@@ -13,6 +13,7 @@
 
 #include "boardio/BoardDriver.h"
 #include "boardio/BoardSet.h"
+#include "boardio/BoardStatusDisplay.h"
 #include "boardio/PortAccess.h"
 #include "boardio/drivers/Drivers.h"
 #include "boardio/drivers/Gpio.h"
@@ -324,6 +325,28 @@ TEST(SerialRelay, ModuleOverAPseudoTerminal) {
     EXPECT_FALSE(SerialRelayBoardDriver.open(
         ParseBoardConnection("serialrelay:///nonexistent/tty", parseError), {}, error));
     EXPECT_NE(error.find("/nonexistent/tty"), std::string::npos);
+}
+
+// Through the board set: the tick's relays go out as frames, and a module without inputs says
+// so in the input text.
+TEST(SerialRelay, ABoardWithoutInputsSaysSo) {
+    const int master = ::posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(::grantpt(master) | ::unlockpt(master), 0);
+    test::TestSystem t;
+    BoardSet boards;
+    t.s.platform.boards = &boards;
+    ASSERT_EQ(
+        boards.SetConnection(0, std::string("serialrelay://") + ::ptsname(master) + "?relays=1"),
+        "");
+    SetRelayOn(t.s, 0, 0);
+    EXPECT_EQ(ReadRelayPorts(t.s)[0], 0x01);
+    EXPECT_EQ(ReadInputPorts(t.s)[0], 0);
+    EXPECT_EQ(Drain(master), (Bytes{0xA0, 1, 1, 0xA2}));
+    BoardStatusDisplay shown(t.display, t.s, boards);
+    shown.SetInputDisplayCaption(0, "- - - - - - - -");
+    EXPECT_EQ(t.display.inputCaption[0], "no inputs");
+    boards.CloseAll();
+    ::close(master);
 }
 
 }  // namespace
