@@ -174,7 +174,8 @@ class FakeLines : public GpioLines {
     std::vector<unsigned> outputs, inputs;
     std::vector<int> out, in;
     std::deque<std::vector<int>> history;  // every level set, the request's first
-    bool released = false, fail = false;
+    bool fail = false;
+    bool* released = nullptr;  // set at Release; outlives the lines, which Close deletes
     bool Request(const std::vector<unsigned>& o, const std::vector<int>& levels,
                  const std::vector<unsigned>& i, std::string& error) override {
         if (fail) return error = "busy", false;
@@ -189,13 +190,17 @@ class FakeLines : public GpioLines {
     }
     bool GetOutputs(std::vector<int>& levels, std::string&) override { return levels = out, true; }
     bool GetInputs(std::vector<int>& levels, std::string&) override { return levels = in, true; }
-    void Release() override { released = true; }
+    void Release() override {
+        if (released) *released = true;
+    }
 };
 
 TEST(Gpio, LinesStartAtTheWantedLevelsAndActiveLowInvertsTheOutputsOnly) {
     for (bool activeLow : {false, true}) {
         auto lines = std::make_unique<FakeLines>();
         FakeLines& fake = *lines;
+        bool released = false;
+        fake.released = &released;
         const GpioOptions o{{17, 18, 27}, {5, 6}, activeLow};
         std::string error;
         auto board = MakeGpioBoard(std::move(lines), o, 0x05, error);
@@ -209,7 +214,7 @@ TEST(Gpio, LinesStartAtTheWantedLevelsAndActiveLowInvertsTheOutputsOnly) {
         fake.in = {0, 1};
         EXPECT_EQ(board->ReadInputs().value, 0x02);
         board->Close();
-        EXPECT_TRUE(fake.released);
+        EXPECT_TRUE(released);
     }
     auto busy = std::make_unique<FakeLines>();
     busy->fail = true;
