@@ -33,7 +33,7 @@ struct BoardSet::Slot : BoardLink {
     std::unique_ptr<BoardLink> link;
     bool noContact = false;   // it stopped answering; logged
     bool tried = false;       // an attempt to open has been made
-    int32_t lastAttempt = 0;  // tick count of the last attempt to open
+    int64_t lastAttempt = 0;  // monotonic milliseconds of the last attempt to open
     bool haveWanted = false;  // the schedule has written the outputs
     uint8_t wanted = 0;       // the outputs the schedule wants
     bool dirty = false;       // wanted differs from what the board was last seen to hold
@@ -48,7 +48,7 @@ struct BoardSet::Slot : BoardLink {
         if (link) link->Close();
         link.reset();
         tried = true;
-        lastAttempt = s->clock().GetTickCount();
+        lastAttempt = s->clock().MonotonicMs();
         if (!noContact) {
             noContact = true;
             WriteEventLog(*s, BoardName(board) + " no contact:", connection.text + ": " + error);
@@ -59,8 +59,8 @@ struct BoardSet::Slot : BoardLink {
     // contact.
     bool Ensure() {
         if (link) return true;
-        const int32_t now = s->clock().GetTickCount();
-        if (tried && static_cast<uint32_t>(now - lastAttempt) < BoardRetryMs) return false;
+        const int64_t now = s->clock().MonotonicMs();
+        if (tried && now - lastAttempt < BoardRetryMs) return false;
         tried = true;
         lastAttempt = now;
         BoardOpening o;

@@ -124,14 +124,11 @@ std::string ExecutableDirectory() {
     return exe.empty() ? "" : DirectoryOf(exe);
 }
 
-std::string BesideProgram(const std::string& name) {
-    const std::string dir = ExecutableDirectory();
-    if (dir.empty()) return name;
-    return (dir == "/" ? dir : dir + "/") + name;
-}
-
 std::string DefaultPortLibraryPath() {
-    return BesideProgram("libVantrellion.so");
+    const std::string dir = ExecutableDirectory();
+    // Without a known folder the name alone is left to the dynamic loader's search.
+    if (dir.empty()) return "libVantrellion.so";
+    return (dir == "/" ? dir : dir + "/") + "libVantrellion.so";
 }
 
 LibraryPorts::LibraryPorts(std::string libraryPath, MessageBoxes& messages, const Flag& runNoBoards)

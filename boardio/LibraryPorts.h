@@ -18,10 +18,7 @@ namespace vantrellion {
 std::string ExecutablePath();
 // The folder of the program file, without a trailing "/"; "" when unknown.
 std::string ExecutableDirectory();
-// "<folder of the program>/name", where the program's own libraries are installed; the name
-// alone (left to the dynamic loader's search) when the folder is unknown.
-std::string BesideProgram(const std::string& name);
-// BesideProgram("libVantrellion.so"), where the port library is installed.
+// "<folder of the program>/libVantrellion.so", where the port library is installed.
 std::string DefaultPortLibraryPath();
 
 class LibraryPorts : public Ports {

@@ -1,10 +1,10 @@
 #include "configuration/KeyValueStore.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
-
-#include "configuration/SqliteLibrary.h"
 
 namespace vantrellion {
 
@@ -27,19 +27,19 @@ constexpr const char* kSchema =
 class Statement {
   public:
     Statement(sqlite3* db, const char* sql) {
-        rc_ = Sqlite().prepare_v2(db, sql, -1, &st_, nullptr);
+        rc_ = sqlite3_prepare_v2(db, sql, -1, &st_, nullptr);
     }
-    ~Statement() { Sqlite().finalize(st_); }
+    ~Statement() { sqlite3_finalize(st_); }
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
 
     bool Prepared() const { return rc_ == SQLITE_OK; }
     int PrepareResult() const { return rc_; }
-    void Bind(int i, int64_t v) { Sqlite().bind_int64(st_, i, v); }
+    void Bind(int i, int64_t v) { sqlite3_bind_int64(st_, i, v); }
     void Bind(int i, const std::string& s) {
-        Sqlite().bind_text(st_, i, s.data(), static_cast<int>(s.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(st_, i, s.data(), static_cast<int>(s.size()), SQLITE_TRANSIENT);
     }
-    int Step() { return Sqlite().step(st_); }
+    int Step() { return sqlite3_step(st_); }
     sqlite3_stmt* get() { return st_; }
 
   private:
@@ -48,19 +48,19 @@ class Statement {
 };
 
 int Exec(sqlite3* db, const char* sql) {
-    return Sqlite().exec(db, sql, nullptr, nullptr, nullptr);
+    return sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
 }
 
 std::string ColumnText(sqlite3_stmt* st, int col) {
-    const auto* p = static_cast<const char*>(Sqlite().column_blob(st, col));
-    const int n = Sqlite().column_bytes(st, col);
+    const auto* p = static_cast<const char*>(sqlite3_column_blob(st, col));
+    const int n = sqlite3_column_bytes(st, col);
     return p ? std::string(p, static_cast<size_t>(n)) : std::string();
 }
 
 // The text of a failure: SQLite's message for the connection, or for the code alone.
 std::string FailureText(sqlite3* db, int rc) {
-    if (db && Sqlite().errcode(db) == rc) return Sqlite().errmsg(db);
-    return Sqlite().errstr(rc);
+    if (db && sqlite3_errcode(db) == rc) return sqlite3_errmsg(db);
+    return sqlite3_errstr(rc);
 }
 
 std::string Seconds(int ms) {
@@ -104,22 +104,15 @@ std::vector<std::string> KeyValueStore::TakeNotices() {
 }
 
 void KeyValueStore::Close() {
-    if (db_) Sqlite().close_v2(db_);
+    if (db_) sqlite3_close_v2(db_);
     db_ = nullptr;
     walReady_ = false;
-    if (holdsLibrary_) ReleaseSqlite();
-    holdsLibrary_ = false;
 }
 
 void KeyValueStore::ReleaseFile() {
     if (file_) file_->ReleaseFile();
     if (inMemory_ || !db_) return;
     Close();
-}
-
-bool KeyValueStore::HoldLibrary(std::string& error) {
-    if (!holdsLibrary_) holdsLibrary_ = AcquireSqlite(error) != nullptr;
-    return holdsLibrary_;
 }
 
 void KeyValueStore::EnsureWal() {
@@ -130,7 +123,7 @@ void KeyValueStore::EnsureWal() {
     // the journal it finds, and the switch is tried again at the next write.
     Statement mode(db_, "PRAGMA journal_mode=WAL");
     if (mode.Prepared() && mode.Step() == SQLITE_ROW)
-        walReady_ = Sqlite().stricmp(ColumnText(mode.get(), 0).c_str(), "wal") == 0;
+        walReady_ = sqlite3_stricmp(ColumnText(mode.get(), 0).c_str(), "wal") == 0;
 }
 
 bool KeyValueStore::EnsureOpen() {
@@ -151,13 +144,8 @@ bool KeyValueStore::OpenFile() {
             return true;
         }
     }
-    if (std::string error; !HoldLibrary(error)) {
-        Note(Problem::CannotOpen, error);
-        OpenInMemory();
-        return true;
-    }
-    int rc = Sqlite().open_v2(filePath_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
-                              nullptr);
+    int rc = sqlite3_open_v2(filePath_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
+                             nullptr);
     if (rc != SQLITE_OK) {
         const std::string detail = FailureText(db_, rc);
         Close();
@@ -165,9 +153,9 @@ bool KeyValueStore::OpenFile() {
         OpenInMemory();
         return true;
     }
-    Sqlite().extended_result_codes(db_, 1);
-    Sqlite().busy_timeout(db_, waitingOnLock_ ? std::min(100, busyTimeoutMs_) : busyTimeoutMs_);
-    readOnly_ = Sqlite().db_readonly(db_, "main") == 1;
+    sqlite3_extended_result_codes(db_, 1);
+    sqlite3_busy_timeout(db_, waitingOnLock_ ? std::min(100, busyTimeoutMs_) : busyTimeoutMs_);
+    readOnly_ = sqlite3_db_readonly(db_, "main") == 1;
 
     // A damaged file is told apart before anything is written to it: a file that is not a
     // database fails at once, a damaged one fails the quick check.
@@ -219,7 +207,7 @@ constexpr ColumnShape kValuesShape[] = {
     {"key_id", "INTEGER", 1}, {"name", "TEXT", 2}, {"type", "INTEGER", 0}, {"data", "BLOB", 0}};
 
 bool SameText(const std::string& a, const char* b) {
-    return Sqlite().stricmp(a.c_str(), b) == 0;
+    return sqlite3_stricmp(a.c_str(), b) == 0;
 }
 
 // True when the table has exactly the columns of the schema, in their order.
@@ -233,7 +221,7 @@ bool TableHasShape(sqlite3* db, const char* table, const ColumnShape (&shape)[N]
         const ColumnShape& want = shape[n++];
         if (!SameText(ColumnText(info.get(), 1), want.Name) ||
             !SameText(ColumnText(info.get(), 2), want.Type) ||
-            Sqlite().column_int(info.get(), 5) != want.PrimaryKey)
+            sqlite3_column_int(info.get(), 5) != want.PrimaryKey)
             return false;
     }
     return n == N;
@@ -250,8 +238,8 @@ bool KeyValueStore::PrepareSchema() {
                         "FROM sqlite_master WHERE type='table' AND name NOT LIKE 'sqlite\\_%' "
                         "ESCAPE '\\'");
         if (count.Prepared() && count.Step() == SQLITE_ROW) {
-            tables = Sqlite().column_int(count.get(), 0);
-            ours = Sqlite().column_int(count.get(), 1);
+            tables = sqlite3_column_int(count.get(), 0);
+            ours = sqlite3_column_int(count.get(), 1);
         }
     }
     // A new, empty file is made a store. A database without the store's two tables is someone
@@ -293,13 +281,12 @@ void KeyValueStore::OpenInMemory() {
     inMemory_ = true;
     readOnly_ = false;
     waitingOnLock_ = false;
-    if (std::string error; !HoldLibrary(error)) return;
-    if (Sqlite().open_v2(":memory:", &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
+    if (sqlite3_open_v2(":memory:", &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr) !=
         SQLITE_OK) {
         Close();
         return;
     }
-    Sqlite().extended_result_codes(db_, 1);
+    sqlite3_extended_result_codes(db_, 1);
     Exec(db_, "PRAGMA foreign_keys=ON");
     if (Exec(db_, kSchema) != SQLITE_OK) Close();
 }
@@ -357,7 +344,7 @@ KeyValueStore::Access KeyValueStore::CheckReadable(int waitMs) {
     const bool waiting = waitingOnLock_;
     busyTimeoutMs_ = std::max(0, waitMs);
     waitingOnLock_ = false;
-    if (db_) Sqlite().busy_timeout(db_, busyTimeoutMs_);
+    if (db_) sqlite3_busy_timeout(db_, busyTimeoutMs_);
     bool readable = EnsureOpen() && db_ && !inMemory_;
     if (readable) {
         // The open may have been lazy: one read of the keys tells a held file.
@@ -368,7 +355,7 @@ KeyValueStore::Access KeyValueStore::CheckReadable(int waitMs) {
     }
     busyTimeoutMs_ = timeout;
     waitingOnLock_ = waiting && !readable;
-    if (db_) Sqlite().busy_timeout(db_, waitingOnLock_ ? std::min(100, timeout) : timeout);
+    if (db_) sqlite3_busy_timeout(db_, waitingOnLock_ ? std::min(100, timeout) : timeout);
     probing_ = false;
     if (readable) return Access::Readable;
     return sawBusy_ ? Access::Busy : Access::Other;
@@ -390,7 +377,7 @@ void KeyValueStore::NoteFailure(int rc) {
             // Until an operation succeeds again, wait only briefly: the lock has already made
             // the user wait once.
             waitingOnLock_ = true;
-            if (db_) Sqlite().busy_timeout(db_, std::min(100, busyTimeoutMs_));
+            if (db_) sqlite3_busy_timeout(db_, std::min(100, busyTimeoutMs_));
             Note(Problem::Locked);
             break;
         case SQLITE_READONLY:
@@ -415,7 +402,7 @@ void KeyValueStore::NoteFailure(int rc) {
 void KeyValueStore::NoteSuccess() {
     if (waitingOnLock_) {
         waitingOnLock_ = false;
-        if (db_) Sqlite().busy_timeout(db_, busyTimeoutMs_);
+        if (db_) sqlite3_busy_timeout(db_, busyTimeoutMs_);
     }
     // A lock, a full disk or an input/output error that comes back later is told again.
     told_[static_cast<int>(Problem::Locked)] = false;
@@ -464,7 +451,7 @@ int64_t KeyValueStore::FindKey(RegRoot root, const std::string& path, int& rc) {
     const int step = find.Step();
     if (step == SQLITE_ROW) {
         rc = SQLITE_OK;
-        return Sqlite().column_int64(find.get(), 0);
+        return sqlite3_column_int64(find.get(), 0);
     }
     rc = step == SQLITE_DONE ? SQLITE_OK : step;
     return -1;
@@ -544,8 +531,8 @@ StoreStatus KeyValueStore::QueryValue(RegRoot root, const std::string& keyPath,
         NoteFailure(rc);
         return StoreStatus::Failed;
     }
-    out.Type = static_cast<int32_t>(Sqlite().column_int64(query.get(), 0));
-    switch (Sqlite().column_type(query.get(), 1)) {
+    out.Type = static_cast<int32_t>(sqlite3_column_int64(query.get(), 0));
+    switch (sqlite3_column_type(query.get(), 1)) {
         case SQLITE_TEXT:
         case SQLITE_BLOB:
             out.Kind = StoredValue::Data::Text;
@@ -553,7 +540,7 @@ StoreStatus KeyValueStore::QueryValue(RegRoot root, const std::string& keyPath,
             break;
         case SQLITE_INTEGER:
             out.Kind = StoredValue::Data::Integer;
-            out.Integer = Sqlite().column_int64(query.get(), 1);
+            out.Integer = sqlite3_column_int64(query.get(), 1);
             break;
         default:
             out.Kind = StoredValue::Data::None;
@@ -647,7 +634,7 @@ StoreStatus KeyValueStore::DeleteValue(RegRoot root, const std::string& keyPath,
         rc = del.Step();
         if (rc != SQLITE_DONE) return StoreStatus::Failed;
         rc = SQLITE_OK;
-        return Sqlite().changes(db_) > 0 ? StoreStatus::Ok : StoreStatus::ValueNotFound;
+        return sqlite3_changes(db_) > 0 ? StoreStatus::Ok : StoreStatus::ValueNotFound;
     });
 }
 

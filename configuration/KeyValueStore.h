@@ -94,9 +94,12 @@ class KeyValueStore : public KeyValueBackend {
         KeyValueStore* store_;
     };
 
-    // Closes the file between uses: the database library is loaded only while a store has a
-    // file open, and the program idles for hours between two uses. The next use opens the file
-    // again. Nothing happens while memory serves, whose values would be lost.
+    // Closes the file between uses; the next use opens it again. Closing the last connection
+    // moves the write-ahead log into store.db and removes store.db-wal and store.db-shm, so
+    // during the hours between two uses the file alone holds every committed value (a backup
+    // that copies files finds it whole) and no connection of this program keeps another one
+    // from taking the file to itself. Nothing happens while memory serves, whose values would
+    // be lost.
     void ReleaseFile();
 
     // The notices that are due for the user, each told once; the list is emptied.
@@ -111,7 +114,6 @@ class KeyValueStore : public KeyValueBackend {
     void OpenInMemory();
     bool PrepareSchema();
     void Close();
-    bool HoldLibrary(std::string& error);
     void Note(Problem p, const std::string& detail = "");
     void NoteFailure(int rc);
     void NoteSuccess();
@@ -130,7 +132,6 @@ class KeyValueStore : public KeyValueBackend {
     std::string filePath_;
     int busyTimeoutMs_;
     sqlite3* db_ = nullptr;
-    bool holdsLibrary_ = false;  // this store holds the database library loaded
     bool inMemory_ = false;
     bool readOnly_ = false;
     bool walReady_ = false;       // the file is in WAL mode

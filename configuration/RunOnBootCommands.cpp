@@ -10,12 +10,11 @@ namespace vantrellion {
 namespace {
 
 void RunOnBootCommand(System& s, RunOnBootChoice choice, const RunOnBootMarks& checkMarks) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     if (checkMarks) checkMarks(choice);
     SetRunMeNever(s);
     if (choice == RunOnBootChoice::Always) SetRunMeAlways(s, RunOnBootPath());
     if (choice == RunOnBootChoice::Once) SetRunMeOnce(s, RunOnBootPath());
-    ResumeCheckTime(s);
 }
 
 }  // namespace

@@ -29,11 +29,14 @@ class Clock {
   public:
     virtual ~Clock() = default;
     virtual DateTime Now() = 0;
-    // Milliseconds since boot as a 32-bit number read as signed: it wraps to negative after
-    // 2^31 ms.
-    virtual int32_t GetTickCount() = 0;
+    // Milliseconds on a monotonic clock (since boot), in 64 bits: it never wraps, so a cycle
+    // runs on however long the machine has been up.
+    virtual int64_t MonotonicMs() = 0;
     virtual std::string ShortDate() { return ShortDateText(Now()); }
 };
+
+// Milliseconds since boot, suspended time included (CLOCK_BOOTTIME).
+int64_t BootTimeMs();
 
 // tmrCheckTime: the 900 ms timer lives in the desktop layer; the core decides when it runs.
 class CheckTimer {
@@ -68,12 +71,26 @@ struct MessageBoxRequest {
     Icon BoxIcon = Icon::None;
     int DefaultButton = 1;         // 1, 2 or 3
     std::string Title = AppTitle;  // the program's title unless a box names its own
+    // A box that holds the schedule closes by itself after this many seconds (0: never) with
+    // TimeoutAnswer, so that an unattended controller never waits on a person for long.
+    int TimeoutSeconds = 0;
+    Answer TimeoutAnswer = Answer::OK;
 };
+
+// The answer of the box's default button.
+Answer DefaultAnswer(const MessageBoxRequest& r);
+// The answer that a box takes when no one is there to answer: Cancel where the box offers it,
+// since it stops a command and keeps what is there; otherwise the default button's.
+Answer UnattendedAnswer(const MessageBoxRequest& r);
+// The caption of an answer's button ("OK", "Cancel", "Yes" ...).
+const char* AnswerText(Answer a);
 
 class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;
     virtual Answer Show(const MessageBoxRequest& request) = 0;
+    // Whether the last box shown closed by its timeout rather than by a person.
+    virtual bool LastTimedOut() const { return false; }
     // A box that waits on something: while it is up, ready() is asked every intervalMs, and
     // once it answers true the box closes by itself and nothing is answered. Without a way to
     // wait, ready() is asked once before the box is shown.
@@ -109,6 +126,14 @@ class RowDisplay {
     virtual bool IsMinimized() const = 0;
     virtual void SetStatusTime(const std::string& text) = 0;
     virtual void SetTimeWindowCaption(const std::string& text) = 0;
+};
+
+// Told at the end of every tick, after the rows and the log: what else publishes the state
+// (a remote status, a service manager's watchdog) hangs here.
+class TickObserver {
+  public:
+    virtual ~TickObserver() = default;
+    virtual void TickCompleted() = 0;
 };
 
 // The port space, as In8255 and Out8255 see it.

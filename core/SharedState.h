@@ -8,11 +8,13 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/Constants.h"
 #include "core/Flags.h"
 #include "core/MainScreenView.h"
 #include "core/Platform.h"
+#include "core/ScheduleText.h"
 
 namespace vantrellion {
 
@@ -23,8 +25,8 @@ class BoardSet;            // boardio/BoardSet.h
 
 struct RelayRecord {
     std::string DisplayName;
-    std::string DaysOfWeek;
-    std::string DayHrEvenOdd;
+    DaysField DaysOfWeek;
+    EvenOddCode DayHrEvenOdd;
     Flag Manual = 0;
     Flag Invert = 0;
     Flag CounterOn = 0;
@@ -33,7 +35,9 @@ struct RelayRecord {
     int16_t Count = 0;
     int16_t OldState = 0;  // 0 off, 1 on, 9 not read yet
     int16_t NewState = 0;  // 0 off, 1 on, 9 not evaluated yet
-    int32_t CycleStart = 0;
+    // The end of the running half-cycle of a cyclic relay, on the monotonic millisecond count;
+    // 0 when no cycle runs.
+    int64_t CycleStart = 0;
     std::string TotalTime;
     int16_t InputState = 0;  // 0 off, 1 on, 9 not read yet
 };
@@ -70,14 +74,15 @@ struct ModRelay {
 // The members of the main screen frmRelay that the core works on.
 struct FrmRelay {
     std::array<RelayRecord, RelaySlots> Relay;
-    std::array<std::string, PairSlots> StartTime;
-    std::array<std::string, PairSlots> EndTime;
+    std::array<TimeField, PairSlots> StartTime;
+    std::array<TimeField, PairSlots> EndTime;
     std::array<Flag, PairSlots> PairActive{};
     std::array<uint8_t, LastBoard + 1> EmulatedPort{};
     uint8_t EmulatedOtherPort = 0;
 
     Flag FileChanged = 0;
     Flag CheckTimeAllowed = 0;
+    int CheckTimeHolds = 0;  // commands holding tmrCheckTime off (CheckTimeHold)
     Flag RowsShown = 0;
 
     // Start-up guards and the flags of the window geometry, first set at creation.
@@ -126,6 +131,8 @@ struct Platform {
     std::string autostartUserDirectory;
     // Told of every Run File opened or saved under a name; null when no list is kept.
     RecentFiles* recentFiles = nullptr;
+    // Told at the end of every tick.
+    std::vector<TickObserver*> tickObservers;
     // The boards with their connections; null drives every board through the port library (or
     // emulated, with RunNoBoards), as a store without connection texts does.
     BoardSet* boards = nullptr;
@@ -143,7 +150,24 @@ struct System {
     RowDisplay& display() { return *platform.display; }
     Ports& ports() { return *platform.ports; }
     MainScreenView& screen() { return *platform.screen; }
-    Answer Message(const MessageBoxRequest& r) { return platform.messages->Show(r); }
+    // Shows a box. While a tick runs, the box is kept and shown once the tick has returned, and
+    // the default button's answer is given at once: the tick never waits on a person.
+    Answer Message(const MessageBoxRequest& r);
+
+    // The boxes that the running tick raised, and whether one is running.
+    bool deferBoxes = false;
+    std::vector<MessageBoxRequest> deferredBoxes;
+};
+
+// The boxes of a System as an interface, for the parts that take one: they go through
+// System::Message, so that a box raised in a tick waits until the tick has returned.
+class SystemMessageBoxes : public MessageBoxes {
+  public:
+    explicit SystemMessageBoxes(System& s) : s_(s) {}
+    Answer Show(const MessageBoxRequest& request) override { return s_.Message(request); }
+
+  private:
+    System& s_;
 };
 
 // The transient per-board arrays of a tick: one port byte per board, and its display text.
@@ -152,9 +176,7 @@ using PortTexts = std::array<std::string, LastBoard + 1>;
 
 // A pair is set only when neither text is "" nor " ".
 inline bool PairIsSet(const FrmRelay& f, int k) {
-    const auto& s = f.StartTime[k];
-    const auto& e = f.EndTime[k];
-    return s != "" && s != " " && e != "" && e != " ";
+    return !f.StartTime[k].IsBlank() && !f.EndTime[k].IsBlank();
 }
 
 }  // namespace vantrellion

@@ -31,21 +31,19 @@ void WireHelpAndLogMenus(System& s, frmRelay& w) {
     };
     // The main screen holds the tick while its picture is taken and printed.
     auto print = [&s, &w](PrintedPicture kind) {
-        SuspendCheckTime(s);
+        const CheckTimeHold hold(s);
         clsPrintScreenOrForm printer(s);
         if (kind == PrintedPicture::Window)
             printer.mPrintForm(&w);
         else
             printer.mPrintScreen(&w);
-        ResumeCheckTime(s);
     };
     w.OnMenu("mnuFilePrintForm", command([print] { print(PrintedPicture::Window); }));
     w.OnMenu("mnuFilePrintScreen", command([print] { print(PrintedPicture::Screen); }));
     w.OnMenu("mnuToolLogFileView", command([&s] { ShowLogFileViewerForm(s); }));
     w.OnMenu("mnuToolRemoveLogFile", command([&s] {
-                 SuspendCheckTime(s);
+                 const CheckTimeHold hold(s);
                  ShowLogFileDeleteForm(s);
-                 ResumeCheckTime(s);
              }));
     w.OnMenu("mnuHelpGeneral", command([&s] { ShowHelpGeneralForm(s); }));
     w.OnMenu("mnuHelpConfiguration", command([&s] { ShowHelpConfigurationForm(s); }));

@@ -43,11 +43,8 @@ DateTime QtClock::Now() {
     return now_;
 }
 
-int32_t QtClock::GetTickCount() {
-    timespec ts{};
-    clock_gettime(CLOCK_BOOTTIME, &ts);
-    const uint64_t ms = static_cast<uint64_t>(ts.tv_sec) * 1000u + ts.tv_nsec / 1000000;
-    return static_cast<int32_t>(static_cast<uint32_t>(ms));
+int64_t QtClock::MonotonicMs() {
+    return BootTimeMs();
 }
 
 QtCheckTimer::QtCheckTimer() {
@@ -76,7 +73,8 @@ namespace {
 // One message box; with ready, asked every intervalMs while the box is up, the box closes by
 // itself once ready answers true, and nothing is answered.
 std::optional<Answer> RunMessageBox(const MessageBoxRequest& r, const std::function<bool()>* ready,
-                                    int intervalMs) {
+                                    int intervalMs, bool& timedOut) {
+    timedOut = false;
     qCDebug(lcMessageBox).noquote() << Q(r.Title) << "|" << Q(r.Prompt);
     QMessageBox box;
     box.setWindowTitle(Q(r.Title));
@@ -145,6 +143,17 @@ std::optional<Answer> RunMessageBox(const MessageBoxRequest& r, const std::funct
         });
         poll.start(intervalMs);
     }
+    // A box that holds the schedule answers by itself once its time is up.
+    QTimer limit;
+    if (r.TimeoutSeconds > 0) {
+        limit.setSingleShot(true);
+        QObject::connect(&limit, &QTimer::timeout, &box, [&] {
+            timedOut = true;
+            for (const Choice& c : choices)
+                if (c.answer == r.TimeoutAnswer) box.done(c.button);
+        });
+        limit.start(r.TimeoutSeconds * 1000);
+    }
     const auto pressed = static_cast<QMessageBox::StandardButton>(box.exec());
     if (becameReady) return std::nullopt;
     for (const Choice& c : choices)
@@ -156,13 +165,13 @@ std::optional<Answer> RunMessageBox(const MessageBoxRequest& r, const std::funct
 }  // namespace
 
 Answer QtMessageBoxes::Show(const MessageBoxRequest& r) {
-    return *RunMessageBox(r, nullptr, 0);
+    return *RunMessageBox(r, nullptr, 0, timedOut_);
 }
 
 std::optional<Answer> QtMessageBoxes::ShowUntil(const MessageBoxRequest& r,
                                                 const std::function<bool()>& ready,
                                                 int intervalMs) {
-    return RunMessageBox(r, &ready, intervalMs);
+    return RunMessageBox(r, &ready, intervalMs, timedOut_);
 }
 
 QString QtFilterFromSystemFilter(const std::string& filter) {

@@ -19,7 +19,7 @@ class QtClock : public Clock {
     QtClock();
     DateTime Now() override;
     // Milliseconds since boot, 32 bits read as signed: wraps negative after 2^31 ms.
-    int32_t GetTickCount() override;
+    int64_t MonotonicMs() override;
 
   private:
     int64_t second_ = -1;  // the second since the epoch that now_ stands for
@@ -52,6 +52,10 @@ class QtMessageBoxes : public MessageBoxes {
     Answer Show(const MessageBoxRequest& request) override;
     std::optional<Answer> ShowUntil(const MessageBoxRequest& request,
                                     const std::function<bool()>& ready, int intervalMs) override;
+    bool LastTimedOut() const override { return timedOut_; }
+
+  private:
+    bool timedOut_ = false;
 };
 
 class QtFileDialogs : public FileDialogs {

@@ -104,7 +104,7 @@ void SchedulePreviewWindow::Recompute() {
     PreviewRequest request;
     request.From = fromDate->isChecked() ? FromQDateTime(date->dateTime()) : now;
     request.Length = static_cast<LocalSeconds>(SpanDays[std::max(0, span->currentIndex())]) * 86400;
-    request.StartTick = TickCountAt(request.From, now, s_.clock().GetTickCount());
+    request.StartTick = TickCountAt(request.From, now, s_.clock().MonotonicMs());
 
     status->setText("Computing...");
     done_ = false;
@@ -169,11 +169,8 @@ bool SchedulePreviewWindow::ExportSvg() {
     const auto name = AskFileName("Export Picture", "SVG Picture (*.svg)|*.svg", ".svg");
     if (!name) return false;
     const Timeline t = PreviewTimeline(*result_);
-    std::string moduleProblem;
-    const bool ok = WriteTimelineSvg(t, Q(*name), ExportSize(t), &moduleProblem);
-    status->setText(ok                      ? "Written: " + Q(*name)
-                    : moduleProblem.empty() ? "Could not write " + Q(*name)
-                                            : Q(moduleProblem));
+    const bool ok = WriteTimelineSvg(t, Q(*name), ExportSize(t));
+    status->setText(ok ? "Written: " + Q(*name) : "Could not write " + Q(*name));
     return ok;
 }
 

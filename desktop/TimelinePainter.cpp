@@ -1,13 +1,14 @@
 #include "desktop/TimelinePainter.h"
 
 #include <QEvent>
+#include <QFile>
 #include <QHelpEvent>
 #include <QPaintEvent>
+#include <QSvgGenerator>
 #include <QToolTip>
 #include <algorithm>
 #include <array>
 
-#include "desktop/PrintModule.h"
 #include "desktop/QtConvert.h"
 
 namespace vantrellion {
@@ -249,11 +250,21 @@ bool WriteTimelinePng(const Timeline& t, const QString& path, QSize size) {
     return RenderTimeline(t, size).save(path, "PNG");
 }
 
-bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size,
-                      std::string* moduleProblem) {
-    return WriteSvgPicture(
-        path, size, QStringLiteral("Vantrellion timeline"),
-        [&](QPainter& p) { PaintTimeline(p, QRect(QPoint(0, 0), size), t); }, moduleProblem);
+bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size) {
+    {
+        // QSvgGenerator reports no write error; check first that the file can be written.
+        QFile probe(path);
+        if (!probe.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
+    }
+    QSvgGenerator gen;
+    gen.setFileName(path);
+    gen.setSize(size);
+    gen.setViewBox(QRect(QPoint(0, 0), size));
+    gen.setTitle(QStringLiteral("Vantrellion timeline"));
+    QPainter p;
+    if (!p.begin(&gen)) return false;
+    PaintTimeline(p, QRect(QPoint(0, 0), size), t);
+    return p.end();
 }
 
 QString TimelineTimeText(LocalSeconds t) {

@@ -12,7 +12,6 @@
 #include <QString>
 #include <QWidget>
 #include <optional>
-#include <string>
 
 #include "core/Timeline.h"
 
@@ -42,10 +41,7 @@ TimelineLayout LayoutTimeline(const QRect& area, const Timeline& t, const QFontM
 void PaintTimeline(QPainter& p, const QRect& area, const Timeline& t);
 QImage RenderTimeline(const Timeline& t, QSize size);
 bool WriteTimelinePng(const Timeline& t, const QString& path, QSize size);
-// The SVG goes through the print module; when that cannot be loaded, moduleProblem (if given)
-// gets the reason.
-bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size,
-                      std::string* moduleProblem = nullptr);
+bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size);
 
 // "YYYY-MM-DD HH:MM:SS" of a local time.
 QString TimelineTimeText(LocalSeconds t);

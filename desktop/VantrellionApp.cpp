@@ -27,6 +27,7 @@
 #include "desktop/ShowConfigForms.h"
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
+#include "logging/TimeLimitedBoxes.h"
 #include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/MainScreenResize.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
@@ -44,10 +45,11 @@ VantrellionApp::VantrellionApp(Options o) {
     p.clock = o.clock ? o.clock : &qtClock_;
     p.timer = &timer_;
     p.pump = &pump_;
-    p.messages = o.messages ? o.messages : &qtMessages_;
+    timeLimited_ = std::make_unique<TimeLimitedBoxes>(s_, o.messages ? *o.messages : qtMessages_);
+    p.messages = timeLimited_.get();
     p.dialogs = o.dialogs ? o.dialogs : &qtDialogs_;
     if (!o.ports)
-        libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), *p.messages,
+        libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), systemMessages_,
                                                        s_.modRelay.RunNoBoards);
     p.ports = o.ports ? o.ports : libraryPorts_.get();
     boards_ = std::make_unique<BoardSet>();
@@ -59,7 +61,7 @@ VantrellionApp::VantrellionApp(Options o) {
     QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
         RunOrEnd(s_, [this] { CheckTimeTick(s_); });
         // The store is closed again after whatever used it (the start, a setting, the name of
-        // a new day's log), so that the database library is not kept loaded while idle.
+        // a new day's log), so that between uses store.db alone holds the configuration.
         store_->ReleaseFile();
     });
     RegisterFormPositionSystem(&s_);

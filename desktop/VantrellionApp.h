@@ -58,6 +58,8 @@ class VantrellionApp {
     QtCheckTimer timer_;
     QtEventPump pump_;
     QtMessageBoxes qtMessages_;
+    std::unique_ptr<MessageBoxes> timeLimited_;
+    SystemMessageBoxes systemMessages_{s_};
     QtFileDialogs qtDialogs_;
     std::unique_ptr<Ports> libraryPorts_;
     // The boards by their connection texts, and the main screen's display with their state.

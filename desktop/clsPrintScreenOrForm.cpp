@@ -3,12 +3,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileInfo>
-#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QScreen>
 
 #include "core/MachineDirectory.h"
-#include "desktop/PrintModule.h"
+#include "desktop/PrinterChoice.h"
 #include "desktop/QtConvert.h"
 
 namespace vantrellion {
@@ -84,11 +83,12 @@ void clsPrintScreenOrForm::Print(QWidget* form, PrintedPicture kind) {
     clipboard->setImage(Picture);
     RunPendingEvents();
 
-    const bool printed = PrintDocument(s_, window, false, [&](QPagedPaintDevice& printer, int dpi) {
+    const bool printed = PrintDocument(s_, window, false, [&](QPrinter& printer) {
         QPainter painter;
         if (!painter.begin(&printer)) return false;
         // Lengths in twips: the printable width of the page, the picture at the screen's 15
         // twips to the pixel.
+        const double dpi = printer.resolution();
         const double printerWidth = printer.width() * TwipsPerInch / dpi;
         const QSizeF size = Picture.deviceIndependentSize() * TwipsPerPixel;
         PrintedSize = kind == PrintedPicture::Window

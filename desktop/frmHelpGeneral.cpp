@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "desktop/PrintModule.h"
+#include "desktop/PrinterChoice.h"
 #include "desktop/frmAbout.h"
 #include "desktop/modShowSubForms.h"
 #include "desktop/resources/clsLoadCustomResource.h"
@@ -65,11 +65,10 @@ void frmHelpGeneral::Form_Load() {
 }
 
 void frmHelpGeneral::mnuFilePrintDoc_Click() {
-    PrintDocument(s_, this, rtbHelp->textCursor().hasSelection(),
-                  [this](QPagedPaintDevice& printer, int) {
-                      rtbHelp->print(&printer);
-                      return true;
-                  });
+    PrintDocument(s_, this, rtbHelp->textCursor().hasSelection(), [this](QPrinter& printer) {
+        rtbHelp->print(&printer);
+        return true;
+    });
 }
 
 }  // namespace vantrellion

@@ -6,7 +6,7 @@
 #include <QResizeEvent>
 #include <QTextCharFormat>
 
-#include "desktop/PrintModule.h"
+#include "desktop/PrinterChoice.h"
 #include "desktop/QtConvert.h"
 #include "desktop/clsPrintScreenOrForm.h"
 #include "desktop/modShowSubForms.h"
@@ -175,11 +175,10 @@ void frmLogFileViewer::mnuEditFont_Click() {
 }
 
 void frmLogFileViewer::mnuFilePrint_Click() {
-    PrintDocument(s_, this, rtbViewLogs->textCursor().hasSelection(),
-                  [this](QPagedPaintDevice& printer, int) {
-                      rtbViewLogs->print(&printer);
-                      return true;
-                  });
+    PrintDocument(s_, this, rtbViewLogs->textCursor().hasSelection(), [this](QPrinter& printer) {
+        rtbViewLogs->print(&printer);
+        return true;
+    });
 }
 
 void frmLogFileViewer::resizeEvent(QResizeEvent* event) {

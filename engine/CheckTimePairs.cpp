@@ -1,7 +1,6 @@
 #include "engine/CheckTimePairs.h"
 
 #include "core/FatalError.h"
-#include "engine/TimeOfDay.h"
 
 namespace vantrellion {
 
@@ -17,10 +16,10 @@ void SwitchPairOn(System& s, int i, int k) {
 }
 
 int StartOf(System& s, int k) {
-    return TimeOfDayOrFail(s.frmRelay.StartTime[k]);
+    return s.frmRelay.StartTime[k].SecondsOrFail();
 }
 int EndOf(System& s, int k) {
-    return TimeOfDayOrFail(s.frmRelay.EndTime[k]);
+    return s.frmRelay.EndTime[k].SecondsOrFail();
 }
 
 int HourOf(int t) {
@@ -44,13 +43,7 @@ int PastTheHour(int t) {
 }  // namespace
 
 bool DaysOfWeekMatch(System& s, int r, int weekday) {
-    const std::string& days = s.frmRelay.Relay[r].DaysOfWeek;
-    if (days == "ALL Days" || days == "All Days" || days == "ALL" || days == "All" || days == " " ||
-        days == "") {
-        return true;
-    }
-    if (weekday < 1 || weekday > 7) return false;
-    return days.find(static_cast<char>('0' + weekday)) != std::string::npos;
+    return s.frmRelay.Relay[r].DaysOfWeek.Matches(weekday);
 }
 
 // Both texts are read before comparing, so a damaged text fails at the first evaluation that
@@ -67,48 +60,38 @@ void CheckPairPlain(System& s, int i, int k, int now) {
 
 void CheckPairEvenOddDay(System& s, int i, int k, int now) {
     if (!TimeInPair(s, k, now)) return;
-    const std::string& code = s.frmRelay.Relay[i].DayHrEvenOdd;
-    int day = s.clock().Now().Day;
-    if ((code == "ED" && day % 2 == 0) || (code == "OD" && day % 2 == 1)) SwitchPairOn(s, i, k);
+    const bool even = s.frmRelay.Relay[i].DayHrEvenOdd.Even();
+    if ((s.clock().Now().Day % 2 == 0) == even) SwitchPairOn(s, i, k);
 }
 
 namespace {
 
 // The common frame of the even/odd hour, minute and second tests: value is the part of now
 // that the code looks at; 0 counts as even.
-void CheckPairEvenOddPart(System& s, int i, int k, int now, int value, const char* even,
-                          const char* odd) {
+void CheckPairEvenOddPart(System& s, int i, int k, int now, int value) {
     if (!TimeInPair(s, k, now)) return;
-    const std::string& code = s.frmRelay.Relay[i].DayHrEvenOdd;
-    if ((code == even && value % 2 == 0) || (code == odd && value % 2 == 1)) {
-        SwitchPairOn(s, i, k);
-    }
+    if ((value % 2 == 0) == s.frmRelay.Relay[i].DayHrEvenOdd.Even()) SwitchPairOn(s, i, k);
 }
 
 }  // namespace
 
 void CheckPairEvenOddHour(System& s, int i, int k, int now) {
-    CheckPairEvenOddPart(s, i, k, now, HourOf(now), "EH", "OH");
+    CheckPairEvenOddPart(s, i, k, now, HourOf(now));
 }
 
 void CheckPairEvenOddMinute(System& s, int i, int k, int now) {
-    CheckPairEvenOddPart(s, i, k, now, MinuteOf(now), "EM", "OM");
+    CheckPairEvenOddPart(s, i, k, now, MinuteOf(now));
 }
 
 void CheckPairEvenOddSecond(System& s, int i, int k, int now) {
-    CheckPairEvenOddPart(s, i, k, now, SecondOf(now), "ES", "OS");
+    CheckPairEvenOddPart(s, i, k, now, SecondOf(now));
 }
 
 // Only the relay's first pair is held back on the weekend days of its code; the other pairs
 // act as plain pairs.
 void CheckPairWeekend(System& s, int i, int k, int firstPair, int now, int weekday) {
     if (!TimeInPair(s, k, now)) return;
-    if (k == firstPair) {
-        const std::string& code = s.frmRelay.Relay[i].DayHrEvenOdd;
-        if (code == "SS" && (weekday == 1 || weekday == 7)) return;
-        if (code == "XS" && weekday == 1) return;
-        if (code == "SX" && weekday == 7) return;
-    }
+    if (k == firstPair && s.frmRelay.Relay[i].DayHrEvenOdd.HeldOn(weekday)) return;
     SwitchPairOn(s, i, k);
 }
 
@@ -155,9 +138,9 @@ void CheckPairBottomOfHour(System& s, int i, int k, int now) {
 
 // The alternator: while the pair's time runs, the relay keeps its read-back state until the
 // half-cycle marked by CycleStart is over, and then flips. CycleStart 0 means a restart, whose
-// first half-cycle is an off one. The comparison with the tick is signed, so it goes on
-// working once the tick count has wrapped to negative.
-void CheckPairCyclic(System& s, int i, int k, int now, int32_t tick) {
+// first half-cycle is an off one. The count is the 64-bit monotonic one, so a cycle neither
+// overflows nor stops however long the machine has been up.
+void CheckPairCyclic(System& s, int i, int k, int now, int64_t tick) {
     if (!TimeInPair(s, k, now)) return;
     RelayRecord& relay = s.frmRelay.Relay[i];
 
@@ -180,8 +163,8 @@ void CheckPairCyclic(System& s, int i, int k, int now, int32_t tick) {
         }
     }
 
-    int16_t minutes = NumericCodeValue(relay.DayHrEvenOdd);
-    relay.CycleStart = CheckedAdd32(CheckedInt32(int64_t{minutes} * 60000), tick);
+    const int16_t minutes = relay.DayHrEvenOdd.CycleMinutes();
+    relay.CycleStart = int64_t{minutes} * 60000 + tick;
 
     // The time of the next change, shown in place of the Invert caption. It runs on past
     // midnight as a clock would (and back before it for a negative code).
@@ -191,46 +174,10 @@ void CheckPairCyclic(System& s, int i, int k, int now, int32_t tick) {
 
 namespace {
 
-// The rule that a relay's even/odd code selects. The code is read once per relay and
-// evaluation rather than compared again for every pair: the codes are many short texts and
-// comparing them for all 48 pairs was most of an evaluation's cost.
-enum class CodeRule {
-    Plain,  // "EO", "  " and every text that is no code
-    EvenOddDay,
-    EvenOddHour,
-    EvenOddMinute,
-    EvenOddSecond,
-    Weekend,
-    TopOfHour,     // "TH"
-    ThreeWindows,  // "3H"
-    MiddleOfHour,  // "MH"
-    BottomOfHour,  // "BH"
-    Cyclic,        // a number
-};
-
-bool Is(const std::string& code, char a, char b) {
-    return code.size() == 2 && code[0] == a && code[1] == b;
-}
-
-CodeRule RuleOf(const std::string& code) {
-    if (Is(code, 'E', 'O') || Is(code, ' ', ' ')) return CodeRule::Plain;
-    if (Is(code, 'O', 'D') || Is(code, 'E', 'D')) return CodeRule::EvenOddDay;
-    if (Is(code, 'O', 'H') || Is(code, 'E', 'H')) return CodeRule::EvenOddHour;
-    if (Is(code, 'O', 'M') || Is(code, 'E', 'M')) return CodeRule::EvenOddMinute;
-    if (Is(code, 'O', 'S') || Is(code, 'E', 'S')) return CodeRule::EvenOddSecond;
-    if (Is(code, 'X', 'S') || Is(code, 'S', 'S') || Is(code, 'S', 'X')) return CodeRule::Weekend;
-    if (Is(code, 'T', 'H')) return CodeRule::TopOfHour;
-    if (Is(code, '3', 'H')) return CodeRule::ThreeWindows;
-    if (Is(code, 'M', 'H')) return CodeRule::MiddleOfHour;
-    if (Is(code, 'B', 'H')) return CodeRule::BottomOfHour;
-    if (IsNumericCode(code)) return CodeRule::Cyclic;
-    return CodeRule::Plain;
-}
-
 // One pair under its relay's rule. The special rules act on the first pair (on the first
 // three for "3H"); every other pair is a plain pair.
 void CheckPair(System& s, CodeRule rule, int i, int k, int p, int firstPair, int now, int weekday,
-               int32_t tick) {
+               int64_t tick) {
     switch (rule) {
         case CodeRule::EvenOddDay:
             return CheckPairEvenOddDay(s, i, k, now);
@@ -271,7 +218,7 @@ void CheckTimePairs(System& s) {
     DateTime present = s.clock().Now();
     const int weekday = present.Weekday;
     const int now = present.SecondsOfDay();
-    const int32_t tick = s.clock().GetTickCount();
+    const int64_t tick = s.clock().MonotonicMs();
 
     FrmRelay& f = s.frmRelay;
     for (int b = 0; b <= LastBoard; ++b) {
@@ -287,18 +234,11 @@ void CheckTimePairs(System& s) {
             if (!DaysOfWeekMatch(s, r, weekday)) continue;
 
             const int firstPair = PairIndex(i, 0);
-            // Classified only once some pair is set, so that a relay without pairs costs
-            // nothing more.
-            bool classified = false;
-            CodeRule rule = CodeRule::Plain;
+            const CodeRule rule = relay.DayHrEvenOdd.Rule();
             for (int p = 0; p <= LastTimePair; ++p) {
                 const int k = PairIndex(i, p);
                 f.PairActive[k] = False;
                 if (!PairIsSet(f, k)) continue;
-                if (!classified) {
-                    rule = RuleOf(relay.DayHrEvenOdd);
-                    classified = true;
-                }
                 CheckPair(s, rule, i, k, p, firstPair, now, weekday, tick);
             }
         }

@@ -22,12 +22,6 @@ void CheckPairWeekend(System& s, int i, int k, int firstPair, int now, int weekd
 void CheckPairTopOfHour(System& s, int i, int k, int now);
 void CheckPairMiddleOfHour(System& s, int i, int k, int now);
 void CheckPairBottomOfHour(System& s, int i, int k, int now);
-void CheckPairCyclic(System& s, int i, int k, int now, int32_t tick);
-
-// True when the even/odd code is a number ("## Cyclic Minutes").
-bool IsNumericCode(const std::string& code);
-// The code as a 16-bit integer, rounded to the nearest whole with ties to even; overflow of
-// 16 bits ends the program.
-int16_t NumericCodeValue(const std::string& code);
+void CheckPairCyclic(System& s, int i, int k, int now, int64_t tick);
 
 }  // namespace vantrellion

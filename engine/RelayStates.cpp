@@ -30,10 +30,13 @@ Write Resolve(int16_t oldState, int16_t newState, bool inverted) {
     return inverted ? Write::Nothing : Write::Fault;
 }
 
-bool ColoursCodeField(const std::string& code, int p) {
-    if (p == 0 && (code == "TH" || code == "MH" || code == "BH" || code == "3H")) return true;
-    if (p == 0 && IsNumericCode(code)) return true;
-    return code == "3H" && (p == 1 || p == 2);
+bool ColoursCodeField(const EvenOddCode& code, int p) {
+    const CodeRule rule = code.Rule();
+    if (p == 0 && (rule == CodeRule::TopOfHour || rule == CodeRule::MiddleOfHour ||
+                   rule == CodeRule::BottomOfHour || rule == CodeRule::ThreeWindows ||
+                   rule == CodeRule::Cyclic))
+        return true;
+    return rule == CodeRule::ThreeWindows && (p == 1 || p == 2);
 }
 
 }  // namespace

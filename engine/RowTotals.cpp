@@ -4,17 +4,16 @@
 
 #include "core/FatalError.h"
 #include "engine/CheckTimePairs.h"
-#include "engine/TimeOfDay.h"
 
 namespace vantrellion {
 
 namespace {
 
 int StartOf(System& s, int k) {
-    return TimeOfDayOrFail(s.frmRelay.StartTime[k]);
+    return s.frmRelay.StartTime[k].SecondsOrFail();
 }
 int EndOf(System& s, int k) {
-    return TimeOfDayOrFail(s.frmRelay.EndTime[k]);
+    return s.frmRelay.EndTime[k].SecondsOrFail();
 }
 
 // The hour, minute and second of a pair's start or end.
@@ -149,29 +148,27 @@ int32_t PairSecondsCyclic(System& s, int16_t minutes, int k) {
 void RefreshRowTotal(System& s, int k) {
     const int first = k - k % PairsPerRelay;
     const int i = k / PairsPerRelay;
-    const std::string& code = s.frmRelay.Relay[i].DayHrEvenOdd;
+    const EvenOddCode& code = s.frmRelay.Relay[i].DayHrEvenOdd;
+    const CodeRule rule = code.Rule();
 
     int32_t total = 0;
     for (int q = first; q <= first + LastTimePair; ++q) {
         if (!PairIsSet(s.frmRelay, q)) continue;
+        const int p = q - first;
         int32_t seconds;
-        if (code == "EO" || code == "  ") {
-            seconds = PairSeconds(s, q);
-        } else if (code == "OH" || code == "EH" || code == "OM" || code == "EM" || code == "OS" ||
-                   code == "ES") {
+        if (rule == CodeRule::EvenOddHour || rule == CodeRule::EvenOddMinute ||
+            rule == CodeRule::EvenOddSecond) {
             seconds = PairSecondsHalf(s, q);
-        } else if (q == first && (code == "TH" || code == "3H")) {
+        } else if (p == 0 && (rule == CodeRule::TopOfHour || rule == CodeRule::ThreeWindows)) {
             seconds = PairSecondsTopOfHour(s, q);
-        } else if (q == first && code == "MH") {
+        } else if ((p == 0 && rule == CodeRule::MiddleOfHour) ||
+                   (p == 1 && rule == CodeRule::ThreeWindows)) {
             seconds = PairSecondsMiddleOfHour(s, q);
-        } else if (q == first && code == "BH") {
+        } else if ((p == 0 && rule == CodeRule::BottomOfHour) ||
+                   (p == 2 && rule == CodeRule::ThreeWindows)) {
             seconds = PairSecondsBottomOfHour(s, q);
-        } else if (q == first && IsNumericCode(code)) {
-            seconds = PairSecondsCyclic(s, NumericCodeValue(code), q);
-        } else if (q == first + 1 && code == "3H") {
-            seconds = PairSecondsMiddleOfHour(s, q);
-        } else if (q == first + 2 && code == "3H") {
-            seconds = PairSecondsBottomOfHour(s, q);
+        } else if (p == 0 && rule == CodeRule::Cyclic) {
+            seconds = PairSecondsCyclic(s, code.CycleMinutes(), q);
         } else {
             seconds = PairSeconds(s, q);
         }

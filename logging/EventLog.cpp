@@ -13,11 +13,10 @@ std::string EventLogLine(const DateTime& now, const std::string& shortDate,
 
 void WriteEventLog(System& s, const std::string& firstText, const std::string& secondText) {
     if (s.modRelay.LoggingOnOff != -1) return;
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     const std::string path = MakeLogFileName(s);
     AppendLogLine(path,
                   EventLogLine(s.clock().Now(), s.clock().ShortDate(), firstText, secondText));
-    ResumeCheckTime(s);
 }
 
 }  // namespace vantrellion

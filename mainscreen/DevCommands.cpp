@@ -63,14 +63,13 @@ std::vector<std::string> ResourceListingLines(System& s) {
 }
 
 void mnuDevPrintResourceFile(System& s, const std::string& programDirectory) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     std::string text;
     for (const std::string& line : ResourceListingLines(s))
         text += line + "\r\n";
     text.resize(text.size() - 2);  // the log append closes the last line itself
     AppendLogLine(MakeLogFileName(s), text);
     ReplaceFile(programDirectory + "/" + ResourceListFileName, text + "\r\n");
-    ResumeCheckTime(s);
 }
 
 void mnuDevTestRoutine(System& s) {

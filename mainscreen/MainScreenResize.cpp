@@ -9,13 +9,12 @@ void Form_Resize(System& s) {
     FrmRelay& f = s.frmRelay;
     FormWindow* window = s.screen().Window();
     if (!window || window->State() == WindowState::Minimized || f.ResizeReady == 0) return;
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     if (f.ResizedOnce != 0) f.SavePositionAtExit = False;
     window->SetBusyPointer(true);
     if (f.ResizeFormCntls) f.ResizeFormCntls->ScaleControls();
     f.ResizedOnce = True;
     window->SetBusyPointer(false);
-    ResumeCheckTime(s);
 }
 
 }  // namespace vantrellion

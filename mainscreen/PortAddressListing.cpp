@@ -20,7 +20,7 @@ std::string PortListingLine(int address, uint8_t value) {
 }
 
 void mnuToolListAddress_H200_H3FF(System& s) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     std::string text;
     auto add = [&text](const std::string& line) {
         if (!text.empty()) text += "\r\n";
@@ -43,7 +43,6 @@ void mnuToolListAddress_H200_H3FF(System& s) {
     add("-------End   H280-H3FF----------------------------");
     // One append of the whole listing; a file that cannot be written loses it silently.
     AppendLogLine(MakeLogFileName(s), text);
-    ResumeCheckTime(s);
 }
 
 }  // namespace vantrellion

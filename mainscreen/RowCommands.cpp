@@ -73,7 +73,7 @@ void lblManual_Click(System& s, int i) {
 void lblInvert_Click(System& s, int i) {
     RelayRecord& rec = s.frmRelay.Relay[i];
     // A cyclic row shows the time of its next change here; it has nothing to invert.
-    if (IsNumericCode(rec.DayHrEvenOdd)) return;
+    if (rec.DayHrEvenOdd.IsCyclic()) return;
     // Unlike Manual and Stop, Invert leaves the cyclic mark alone.
     if (rec.Invert == True) {
         rec.Invert = False;

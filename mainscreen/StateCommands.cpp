@@ -41,17 +41,15 @@ void mnuStateMan_StepAll(System& s, int n) {
 }
 
 void mnuStateMan_AllOnPause(System& s, int n) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     mnuStateMan_AllOn(s, n);
     PauseMessage(s, n + 1, "ON");
-    ResumeCheckTime(s);
 }
 
 void mnuStateMan_AllOffPause(System& s, int n) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     mnuStateMan_AllOff(s, n);
     PauseMessage(s, n + 1, "OFF");
-    ResumeCheckTime(s);
 }
 
 }  // namespace vantrellion

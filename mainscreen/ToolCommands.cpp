@@ -31,19 +31,17 @@ void ResetAllRelaysWithDelay(System& s) {
 
 // Drives the relays with the tick held off, which takes it up again afterwards.
 void WithTickSuspended(System& s, void (*drive)(System&)) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     drive(s);
-    ResumeCheckTime(s);
 }
 
 // Drives the relays, shows the rows at once and waits on the pause message (0 after a set, 1
 // after a reset) before the tick takes up again.
 void DriveAndPause(System& s, void (*drive)(System&), int message) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     drive(s);
     RefreshNow(s);
     PauseMessage(s, message, "ON");
-    ResumeCheckTime(s);
 }
 
 }  // namespace
@@ -90,16 +88,15 @@ void mnuToolZeroCounters(System& s) {
 }
 
 void mnuToolLogging(System& s) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     Flag& logging = s.modRelay.LoggingOnOff;
     logging = logging == -1 ? False : True;
     if (s.platform.configuration) s.platform.configuration->ConfigurationFlagLoggingSave();
     RefreshTitleAndMenus(s);
-    ResumeCheckTime(s);
 }
 
 void mnuToolRunNoBoards(System& s) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     Flag& runNoBoards = s.modRelay.RunNoBoards;
     runNoBoards = runNoBoards == -1 ? False : True;
     if (s.platform.configuration) s.platform.configuration->ConfigurationFlagRunNoBoardsSave();
@@ -107,7 +104,6 @@ void mnuToolRunNoBoards(System& s) {
     // clears the real board only where its configuration allows a reset.
     ResetAllRelays(s);
     RefreshTitleAndMenus(s);
-    ResumeCheckTime(s);
 }
 
 void mnuToolRemoveRestartFile(System& s) {

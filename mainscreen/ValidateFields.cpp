@@ -5,7 +5,6 @@
 #include "core/TextEncoding.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RowTotals.h"
-#include "engine/TimeOfDay.h"
 #include "runfile/CrashRestart.h"
 
 namespace vantrellion {
@@ -37,12 +36,6 @@ void ReplaceFieldText(System& s, Control field, int index, std::string& text,
     s.screen().SetText(field, index, text);
 }
 
-std::string UpperCase(std::string text) {
-    for (char& c : text)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return text;
-}
-
 void ShowStartTimeRequired(System& s) {
     // The title is that of the restart file's message; it has always been shown so.
     ShowEntryMessage(s,
@@ -59,26 +52,25 @@ void ShowStartTimeRequired(System& s) {
 bool ValidateTime(System& s, Control field, int k, std::string& text) {
     FrmRelay& f = s.frmRelay;
     const bool isStart = field == Control::txtStartTime;
-    std::string& own = isStart ? f.StartTime[k] : f.EndTime[k];
-    const std::string& other = isStart ? f.EndTime[k] : f.StartTime[k];
+    TimeField& own = isStart ? f.StartTime[k] : f.EndTime[k];
+    const TimeField& other = isStart ? f.EndTime[k] : f.StartTime[k];
 
-    if (text == own) return true;
+    if (own == text) return true;
     if (IsBlankEntry(text)) {
         // Clearing one side unsets the pair; nothing to check.
         own = "";
     } else {
-        ReplaceFieldText(s, field, k, text, Utf8Prefix(text, 8));
+        ReplaceFieldText(s, field, k, text, TimeEntryForm(text));
         const std::optional<int> entered = ParseTimeOfDay(text);
         if (!entered)
             return Reject(s,
                           "Time Entered is NOT a valid Time, please re-enter\r\n\r\n"
                           "Format is HH:MM:SS or HH:MM am/pm (:SS is optional)");
         // A warning only: the end time is kept, and the pair stays unset until it has a start.
-        if (!isStart && IsBlankEntry(other)) ShowStartTimeRequired(s);
-        if (!IsBlankEntry(other)) {
-            // The other side passed this check when it was entered; only a damaged Run File
-            // brings in a text that cannot be read, and that ends this command as an error.
-            const int otherTime = TimeOfDayOrFail(other);
+        if (!isStart && other.IsBlank()) ShowStartTimeRequired(s);
+        if (!other.IsBlank()) {
+            // The other side passed this check when it was entered or loaded.
+            const int otherTime = other.SecondsOrFail();
             const int start = isStart ? *entered : otherTime;
             const int end = isStart ? otherTime : *entered;
             if (start == end) return Reject(s, "ON time same as OFF");
@@ -95,21 +87,6 @@ bool ValidateTime(System& s, Control field, int k, std::string& text) {
 }
 
 }  // namespace
-
-bool IsDaysOfWeekText(const std::string& text) {
-    static const char* const kForms[] = {"Days", "ALL Days", "All Days", "ALL", "All", " ", ""};
-    for (const char* form : kForms)
-        if (text == form) return true;
-    return IsNumericCode(text);
-}
-
-bool IsEvenOddCode(const std::string& text) {
-    static const char* const kCodes[] = {"EO", "ED", "OD", "EH", "OH", "EM", "OM", "ES", "OS", "TH",
-                                         "MH", "BH", "3H", "XS", "SX", "SS", "  ", " ",  ""};
-    for (const char* code : kCodes)
-        if (text == code) return true;
-    return IsNumericCode(text);
-}
 
 bool ValidateDisplayName(System& s, int i, std::string& text) {
     RelayRecord& rec = s.frmRelay.Relay[i];
@@ -135,7 +112,7 @@ bool ValidateDaysOfWeek(System& s, int i, std::string& text) {
 }
 
 bool ValidateDayHrEvenOdd(System& s, int i, std::string& text) {
-    ReplaceFieldText(s, Control::txtDayHrEvenOdd, i, text, Utf8Prefix(UpperCase(text), 2));
+    ReplaceFieldText(s, Control::txtDayHrEvenOdd, i, text, EvenOddEntryForm(text));
     if (!IsEvenOddCode(text)) return Reject(s, "Invalid Even/Odd Entered, please re-enter");
     RelayRecord& rec = s.frmRelay.Relay[i];
     if (text != rec.DayHrEvenOdd) {
@@ -146,7 +123,7 @@ bool ValidateDayHrEvenOdd(System& s, int i, std::string& text) {
     }
     RefreshRowTotal(s, PairIndex(i, 0));
     // A cyclic row shows the time of its next change where Invert stands, and cannot invert.
-    if (IsNumericCode(text)) {
+    if (rec.DayHrEvenOdd.IsCyclic()) {
         rec.Invert = False;
     } else {
         s.display().SetInvertCaption(i, "Invert");
@@ -167,13 +144,10 @@ bool CheckTimePairOverlap(System& s, int k) {
     const int first = k - k % PairsPerRelay;
     for (int a = first; a <= first + LastTimePair; ++a) {
         if (!PairIsSet(f, a)) continue;
-        const std::string& startA = f.StartTime[a];
-        const std::string& endA = f.EndTime[a];
         for (int b = first; b <= first + LastTimePair; ++b) {
             if (b == a || !PairIsSet(f, b)) continue;
-            const std::string& startB = f.StartTime[b];
-            const std::string& endB = f.EndTime[b];
-            if ((startA > startB && startA < endB) || (endA < endB && endA > startB)) return true;
+            if (PairsOverlap(f.StartTime[a], f.EndTime[a], f.StartTime[b], f.EndTime[b]))
+                return true;
         }
     }
     return false;

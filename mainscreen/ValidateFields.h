@@ -34,8 +34,4 @@ bool ValidateEndTime(System& s, int k, std::string& text);
 // decides whether to warn.
 bool CheckTimePairOverlap(System& s, int k);
 
-// The texts accepted by the days field and by the even/odd field.
-bool IsDaysOfWeekText(const std::string& text);
-bool IsEvenOddCode(const std::string& text);
-
 }  // namespace vantrellion

@@ -2,9 +2,8 @@
 # vantrellion_<version>_<arch>.deb with CPack. Included from the top-level CMakeLists, so that
 # CPack sees its settings.
 #
-# The program, its port library and its print module stand side by side in the package's own
-# library folder, as the program loads both from beside its real file; /usr/bin/vantrellion
-# links to it.
+# The program and its port library stand side by side in the package's own library folder, as
+# the program loads the library from beside its real file; /usr/bin/vantrellion links to it.
 include(GNUInstallDirs)
 
 set(VANTRELLION_HOMEPAGE "https://vantrellion.org" CACHE STRING "The project's home page")
@@ -25,7 +24,7 @@ endif()
 set(PKG_DOCDIR ${CMAKE_INSTALL_DATADIR}/doc/vantrellion)
 
 install(TARGETS vantrellion RUNTIME DESTINATION ${PKG_LIBDIR})
-install(TARGETS Vantrellion VantrellionPrint LIBRARY DESTINATION ${PKG_LIBDIR})
+install(TARGETS Vantrellion LIBRARY DESTINATION ${PKG_LIBDIR})
 file(MAKE_DIRECTORY ${PKG_BIN})
 file(CREATE_LINK ../${PKG_LIBDIR}/vantrellion ${PKG_BIN}/vantrellion SYMBOLIC)
 install(FILES ${PKG_BIN}/vantrellion DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -69,9 +68,6 @@ set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${VANTRELLION_HOMEPAGE})
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# SQLite is loaded while the store is open, not linked, so the scan of the programs does not
-# find it.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsqlite3-0")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Vantrellion runs a daily time schedule for the relays of a digital I/O board

@@ -57,7 +57,6 @@ libdir=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/vantrellion
 expected=(
     "./$libdir/vantrellion"
     "./$libdir/libVantrellion.so"
-    "./$libdir/libVantrellionPrint.so"
     "./usr/bin/vantrellion -> ../${libdir#usr/}/vantrellion"
     "./usr/share/applications/org.vantrellion.Vantrellion.desktop"
     "./usr/share/metainfo/org.vantrellion.Vantrellion.metainfo.xml"

@@ -42,7 +42,7 @@ std::string PreviewUsage();
 struct PreviewEnvironment {
     std::string MachineDirectory;
     LocalSeconds Now = 0;
-    int32_t TickNow = 0;
+    int64_t TickNow = 0;
     std::function<bool(const Timeline&, const std::string&)> WritePng;
     std::function<bool(const Timeline&, const std::string&)> WriteSvg;
 };

@@ -8,7 +8,6 @@
 #include "core/FatalError.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RelayStates.h"
-#include "engine/TimeOfDay.h"
 
 namespace vantrellion {
 
@@ -33,7 +32,7 @@ LocalSeconds FloorDay(LocalSeconds t) {
 // count advancing 1000 per second. The date is worked out afresh only when a day begins.
 class SimulatedClock : public Clock {
   public:
-    void Set(LocalSeconds t, int32_t tick) {
+    void Set(LocalSeconds t, int64_t tick) {
         if (!valid_ || FloorDay(t) != dayStart_) {
             now_ = FromLocalSeconds(t);
             dayStart_ = FloorDay(t);
@@ -47,13 +46,13 @@ class SimulatedClock : public Clock {
         tick_ = tick;
     }
     DateTime Now() override { return now_; }
-    int32_t GetTickCount() override { return tick_; }
+    int64_t MonotonicMs() override { return tick_; }
 
   private:
     DateTime now_;
     LocalSeconds dayStart_ = 0;
     bool valid_ = false;
-    int32_t tick_ = 0;
+    int64_t tick_ = 0;
 };
 
 // The row display of a preview: nothing to show.
@@ -135,8 +134,8 @@ std::string RelayLabel(const ScheduleSnapshot& schedule, int record) {
 }
 
 std::string PairLabel(const FrmRelay& f, int k) {
-    return std::to_string(k % (LastTimePair + 1) + 1) + " (" + f.StartTime[k] + " to " +
-           f.EndTime[k] + ")";
+    return std::to_string(k % (LastTimePair + 1) + 1) + " (" + f.StartTime[k].Text() + " to " +
+           f.EndTime[k].Text() + ")";
 }
 
 // The copy of the schedule that the simulation runs on, started as the program starts a
@@ -167,24 +166,19 @@ void PrepareCopy(System& sim, const ScheduleSnapshot& schedule) {
     f.CheckTimeAllowed = False;  // nothing in the copy may start a timer
 }
 
-// Set pairs of one relay whose on-seconds meet: a pair is on strictly between its start and
-// its end, so 08:00 to 09:00 and 09:00 to 10:00 do not overlap.
+// Set pairs of one relay that overlap, by the rule that field entry warns by.
 void AddOverlapWarnings(const ScheduleSnapshot& schedule, PreviewResult& result) {
     const FrmRelay& f = schedule.frmRelay;
     for (int i = 0; i < DrivenRelays; ++i) {
         for (int p = 0; p < LastTimePair; ++p) {
             const int k = PairIndex(i, p);
             if (!PairIsSet(f, k)) continue;
-            const auto s1 = ParseTimeOfDay(f.StartTime[k]);
-            const auto e1 = ParseTimeOfDay(f.EndTime[k]);
-            if (!s1 || !e1) continue;
             for (int q = p + 1; q <= LastTimePair; ++q) {
                 const int k2 = PairIndex(i, q);
                 if (!PairIsSet(f, k2)) continue;
-                const auto s2 = ParseTimeOfDay(f.StartTime[k2]);
-                const auto e2 = ParseTimeOfDay(f.EndTime[k2]);
-                if (!s2 || !e2) continue;
-                if (std::max(*s1, *s2) + 1 > std::min(*e1, *e2) - 1) continue;
+                if (!PairsOverlap(f.StartTime[k], f.EndTime[k], f.StartTime[k2], f.EndTime[k2]) &&
+                    !PairsOverlap(f.StartTime[k2], f.EndTime[k2], f.StartTime[k], f.EndTime[k]))
+                    continue;
                 PreviewWarning w;
                 w.Kind = PreviewWarningKind::PairsOverlap;
                 w.Record = i;
@@ -204,9 +198,8 @@ ScheduleSnapshot TakeSnapshot(const System& s) {
     return {s.modRelay, s.frmRelay};
 }
 
-int32_t TickCountAt(LocalSeconds at, LocalSeconds now, int32_t tickNow) {
-    const uint64_t ms = static_cast<uint64_t>((at - now) * 1000);
-    return static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint32_t>(tickNow) + ms));
+int64_t TickCountAt(LocalSeconds at, LocalSeconds now, int64_t tickNow) {
+    return tickNow + (at - now) * 1000;
 }
 
 std::string PreviewRelayName(const ScheduleSnapshot& schedule, int record) {
@@ -334,7 +327,7 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             PreviewWarning w;
             w.Kind = PreviewWarningKind::DaysNeverMatch;
             w.Record = i;
-            w.Text = RelayLabel(schedule, i) + ": its days of the week \"" + rec.DaysOfWeek +
+            w.Text = RelayLabel(schedule, i) + ": its days of the week \"" + rec.DaysOfWeek.Text() +
                      "\" match no day" + span + ", so its time pairs are never checked";
             result.Warnings.push_back(w);
             continue;
@@ -347,8 +340,8 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             w.Record = i;
             w.Pair = p;
             w.Text = RelayLabel(schedule, i) + ": time pair " + PairLabel(given, k) +
-                     " never switches on" + span + " (days \"" + rec.DaysOfWeek + "\", code \"" +
-                     rec.DayHrEvenOdd + "\")";
+                     " never switches on" + span + " (days \"" + rec.DaysOfWeek.Text() +
+                     "\", code \"" + rec.DayHrEvenOdd.Text() + "\")";
             result.Warnings.push_back(w);
         }
     }

@@ -26,15 +26,14 @@ ScheduleSnapshot TakeSnapshot(const System& s);
 struct PreviewRequest {
     LocalSeconds From = 0;
     LocalSeconds Length = 86400;  // seconds, one evaluation each
-    // The millisecond tick count at From. It advances 1000 per simulated second and wraps as
-    // the system's count does, so a cycle that would overflow it shows where the live program
-    // would.
-    int32_t StartTick = 1000;
+    // The monotonic millisecond count at From. It advances 1000 per simulated second, as the
+    // live program's does.
+    int64_t StartTick = 1000;
 };
 
-// The tick count expected at `at`, if the machine keeps running from the moment whose local
-// time is `now` and tick count is `tickNow`; wraps at 32 bits.
-int32_t TickCountAt(LocalSeconds at, LocalSeconds now, int32_t tickNow);
+// The monotonic count expected at `at`, if the machine keeps running from the moment whose
+// local time is `now` and count is `tickNow`.
+int64_t TickCountAt(LocalSeconds at, LocalSeconds now, int64_t tickNow);
 
 struct RelaySwitch {
     LocalSeconds At = 0;  // the second from which the relay reads this state

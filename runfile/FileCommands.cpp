@@ -33,14 +33,13 @@ void RemoveTheRestartFile(System& s) {
     RemoveRestartFile(s, s.platform.machineDirectory, RestartFileName);
 }
 
-// The common end of New and Open: the relays let go, the new schedule in the restart file,
-// and the tick back on.
+// The common end of New and Open: the relays let go and the new schedule in the restart
+// file; the tick takes it up when the command gives back its hold.
 void HandOverToTheNewSchedule(System& s) {
     ResetAllRelays(s);
     s.frmRelay.RestartDisabled = False;
     s.frmRelay.FileChanged = False;
     SaveRestartFile(s);
-    ResumeCheckTime(s);
 }
 
 void TellRecentFiles(System& s) {
@@ -79,7 +78,7 @@ void SplitChosenFileName(System& s, const std::string& chosen) {
 
 void mnuFileNew(System& s) {
     FrmRelay& f = s.frmRelay;
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     // Cancel does not stop New: the answer is not looked at.
     if (f.FileChanged != 0)
         FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName);
@@ -96,7 +95,7 @@ void mnuFileNew(System& s) {
 void mnuFileOpen(System& s) {
     FrmRelay& f = s.frmRelay;
     ModRelay& m = s.modRelay;
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     if (f.FileChanged != 0) FormAskFileSaveCancel(s, m.DataFilePath, m.DataFileName);
 
     FileDialogRequest dialog;
@@ -108,21 +107,19 @@ void mnuFileOpen(System& s) {
     const std::optional<std::string> chosen = s.platform.dialogs->ShowOpen(dialog);
     // A cancelled dialog ends the command here with nothing changed, and the relays go on
     // following the schedule on screen.
-    if (!chosen) {
-        ResumeCheckTime(s);
-        return;
-    }
+    if (!chosen) return;
     OpenChosenRunFile(s, *chosen);
 }
 
 bool mnuMRUFiles(System& s, const std::string& fileName) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     if (s.frmRelay.FileChanged != 0)
         FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName);
     return OpenChosenRunFile(s, fileName);
 }
 
 bool OpenChosenRunFile(System& s, const std::string& chosen) {
+    const CheckTimeHold hold(s);
     FrmRelay& f = s.frmRelay;
     ModRelay& m = s.modRelay;
     SplitChosenFileName(s, chosen);

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "engine/CheckTimePairs.h"
+#include "runfile/LoadedFieldCheck.h"
 #include "runfile/RunFileFields.h"
 
 namespace vantrellion {
@@ -123,7 +123,7 @@ void ReadRelayBlock(System& s, FieldReader& in, const FileLayout& layout, int i,
     }
     rec.IconFile = in.ReadText();
     // A cyclic code has no inverted form, whatever the file says.
-    if (IsNumericCode(rec.DayHrEvenOdd)) rec.Invert = False;
+    if (rec.DayHrEvenOdd.IsCyclic()) rec.Invert = False;
 
     // From the first time line on, a read error is reported in the time array's words, for
     // the rest of the file.
@@ -205,6 +205,7 @@ int LoadRunFile(System& s, const std::string& Path, const std::string& FileName,
         result = inTimeArray ? RunFileTimeArrayError : RunFileHeaderError;
     }
     ::close(fd);
+    if (result == RunFileLoaded) BlankFieldsEntryWouldRefuse(s, Path + FileName);
     return result;
 }
 

@@ -89,7 +89,7 @@ std::string RunFileTextLine(const std::string& text) {
 }
 
 bool SaveRunFile(System& s, const std::string& Path, const std::string& FileName) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     s.modRelay.FileVersion = ComposeFileVersion();
     const RunFileImage image = EncodeImage(BuildRunFile(s));
 
@@ -111,7 +111,6 @@ bool SaveRunFile(System& s, const std::string& Path, const std::string& FileName
     }
 
     s.frmRelay.AutoRestarted = False;
-    ResumeCheckTime(s);
     return r.stage == FileWriteResult::Stage::Done;
 }
 

@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
 # Measures the idle cost of the real program on a virtual display (Xvfb, no window manager, so
 # the window is not focused), with a default configuration in emulation mode and a scratch home:
-#   - CPU use over a span of seconds, and the resident memory at its end;
+#   - CPU use over a span of seconds, and the memory at its end: the program's own (the pages
+#     it wrote and nothing else holds: heap, stacks, the libraries' written data), its
+#     proportional share of all it maps (PSS) and all of it resident (RSS), shared library
+#     pages included;
 #   - system calls per tick (strace -c, attached for a span);
 #   - instructions per tick (valgrind's callgrind: counters zeroed once the program idles,
 #     dumped after a span, divided by the ticks that ran meanwhile).
@@ -46,7 +49,13 @@ sleep "$span"
 after=$(cpu)
 awk -v a="$after" -v b="$before" -v s="$span" -v c="$clk" \
     'BEGIN { printf "idle CPU: %.3f%% of one core over %d s\n", 100 * (a - b) / c / s, s }'
-awk '/VmRSS/ { printf "resident memory: %d KiB (%.1f MiB)\n", $2, $2 / 1024 }' "/proc/$program/status"
+memory() {  # a field of smaps_rollup, and its label
+    awk -v f="$1:" -v l="$2" '$1 == f { printf "%s: %d KiB (%.1f MiB)\n", l, $2, $2 / 1024 }' \
+        "/proc/$program/smaps_rollup"
+}
+memory Private_Dirty "own memory (Private_Dirty)"
+memory Pss "proportional memory (PSS)"
+memory Rss "resident memory (RSS)"
 
 # System calls per tick, over a minute.
 timeout -s INT 60 strace -c -f -p "$program" -o "$work/strace.txt" >/dev/null 2>&1 || true

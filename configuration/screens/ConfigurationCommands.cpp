@@ -34,7 +34,7 @@ bool FileMenuUsesSmallScreens(int heightTwips, int widthTwips) {
 }
 
 void mnuFileConfiguration(System& s, ConfigurationScreens& screens) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     LetPendingInputRun(s);
 
     // The screens reload the store when an edit is discarded and fill empty names with the
@@ -75,7 +75,6 @@ void mnuFileConfiguration(System& s, ConfigurationScreens& screens) {
 
     ApplyConfigurationColors(s);
     RefreshTitleAndMenus(s);
-    ResumeCheckTime(s);
 }
 
 void ApplyConfigurationColors(System& s) {
@@ -89,16 +88,15 @@ void ApplyConfigurationColors(System& s) {
 }
 
 void mnuFileConfigurationRemove(System& s) {
-    SuspendCheckTime(s);
+    const CheckTimeHold hold(s);
     const Answer answer =
         s.Message(MessageBoxRequest{"You are about to completely remove all\r\n"
                                     "Configuration information for Vantrellion\r\n\r\n"
                                     "Do you really want to continue?",
                                     Buttons::OKCancel, Icon::None, 2, "Confirm Removal"});
-    if (answer != Answer::OK) return;  // the tick stays stopped until a command resumes it
+    if (answer != Answer::OK) return;
     ConfigurationDeleteFromReg(s);
     ConfigurationDeleteLastPos(s);
-    ResumeCheckTime(s);
 }
 
 }  // namespace vantrellion

@@ -41,22 +41,22 @@ TEST_F(FieldEntryWidgetTest, ARefusedEntryKeepsTheFocusWithTheTextSelectedHoweve
     constexpr const char* kLater = "ON time must be earlier then OFF time";
     struct Entry {
         QLineEdit* field;
-        std::string* record;
+        const std::string* record;
         const char* typed;
         const char* shown;  // the field's text after the refusal
         const char* prompt;
     } entries[] = {
-        {w->txtDaysOfWeek[2], &t.relay(2).DaysOfWeek, "Mon", "Mon",
+        {w->txtDaysOfWeek[2], &t.relay(2).DaysOfWeek.Text(), "Mon", "Mon",
          "Invalid Days of Week Entered, please re-enter"},
-        {w->txtDayHrEvenOdd[2], &t.relay(2).DayHrEvenOdd, "zq", "ZQ",
+        {w->txtDayHrEvenOdd[2], &t.relay(2).DayHrEvenOdd.Text(), "zq", "ZQ",
          "Invalid Even/Odd Entered, please re-enter"},
-        {w->txtStartTime[k + 1], &t.frm().StartTime[k + 1], "25:00", "25:00", kBadTime},
-        {w->txtEndTime[k + 4], &t.frm().EndTime[k + 4], "half past", "half pas", kBadTime},
+        {w->txtStartTime[k + 1], &t.frm().StartTime[k + 1].Text(), "25:00", "25:00", kBadTime},
+        {w->txtEndTime[k + 4], &t.frm().EndTime[k + 4].Text(), "half past", "half pas", kBadTime},
         // The other side of the pair is set; times are compared as times, from both sides.
-        {w->txtEndTime[k + 2], &t.frm().EndTime[k + 2], "9:00 am", "9:00 am", kSame},
-        {w->txtStartTime[k + 3], &t.frm().StartTime[k + 3], "10.00", "10:00", kSame},
-        {w->txtEndTime[k], &t.frm().EndTime[k], "8:59:59", "8:59:59", kLater},
-        {w->txtStartTime[k + 5], &t.frm().StartTime[k + 5], "11:00", "11:00", kLater},
+        {w->txtEndTime[k + 2], &t.frm().EndTime[k + 2].Text(), "9:00 am", "9:00 am", kSame},
+        {w->txtStartTime[k + 3], &t.frm().StartTime[k + 3].Text(), "10.00", "10:00", kSame},
+        {w->txtEndTime[k], &t.frm().EndTime[k].Text(), "8:59:59", "8:59:59", kLater},
+        {w->txtStartTime[k + 5], &t.frm().StartTime[k + 5].Text(), "11:00", "11:00", kLater},
     };
     for (int how = 0; how < 4; ++how) {
         for (const Entry& e : entries) {

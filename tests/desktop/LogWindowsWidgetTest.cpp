@@ -14,7 +14,6 @@
 #include "desktop/frmLogFileViewer.h"
 #include "logging/EventLog.h"
 #include "logging/LogFileName.h"
-#include "desktop/PrintModule.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
 #include "tests/desktop/PdfPrinter.h"

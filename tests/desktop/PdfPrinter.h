@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "desktop/printing/PrinterChoice.h"
+#include "desktop/PrinterChoice.h"
 
 namespace vantrellion::test {
 

@@ -9,9 +9,7 @@
 #include <QScreen>
 #include <QTest>
 
-#include "boardio/LibraryPorts.h"
 #include "desktop/HelpAndLogMenus.h"
-#include "desktop/PrintModule.h"
 #include "desktop/clsPrintScreenOrForm.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
@@ -166,24 +164,6 @@ TEST(PrintDialog, CancelOfTheRealDialogGivesTheBox) {
     EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{PrintCancelledText});
     EXPECT_TRUE(dir.Exists("test_desktop_frmSmall_Window.BMP"));
     EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(200, 100));
-}
-
-// The print module is a file of its own beside the program: one that is missing or foreign is
-// named in the box, with the loader's reason, rather than ending the program.
-TEST(PrintModule, AMissingOrForeignModuleIsNamedWithItsReason) {
-    TempDir dir;
-    std::string why;
-    EXPECT_EQ(LoadPrintModule(dir.File("libVantrellionPrint.so"), why), nullptr);
-    EXPECT_NE(why.find("No such file"), std::string::npos) << why;
-    why.clear();
-    EXPECT_EQ(LoadPrintModule(DefaultPortLibraryPath(), why), nullptr);  // no print functions
-    EXPECT_EQ(why, "it lacks VantrellionPrintFunctions");
-    const std::string text = PrintModuleMissingText("/opt/x/libVantrellionPrint.so", why);
-    EXPECT_NE(text.find("\n  /opt/x/libVantrellionPrint.so\n"), std::string::npos);
-    EXPECT_NE(text.find("Install Vantrellion again"), std::string::npos);
-    const PrintFunctions* module = LoadPrintModule(DefaultPrintModulePath(), why);
-    ASSERT_NE(module, nullptr) << why;
-    EXPECT_NE(module->Print, nullptr);
 }
 
 }  // namespace

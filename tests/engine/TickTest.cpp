@@ -5,6 +5,8 @@
 
 #include "core/CheckTimeControl.h"
 #include "engine/Tick.h"
+#include "logging/EventLog.h"
+#include "runfile/CrashRestart.h"
 #include "support/Fakes.h"
 
 namespace vantrellion::test {
@@ -112,6 +114,37 @@ TEST_F(TickTest, ForcedTickIsOneMoreFullEvaluation) {
     t.clock.tick += 1;
     CheckTimeTick(t.s);  // the forced tick
     EXPECT_NE(t.ports.bytes[0x300] & 1, before);
+    EXPECT_TRUE(t.timer.enabled);
+}
+
+// A box that a phase of the tick raises waits until the tick has written, read and shown
+// everything, and is then shown with the timer held.
+TEST_F(TickTest, ABoxOfTheTickIsShownAfterItWithTheTimerHeld) {
+    t.relay(0).Manual = True;
+    t.relay(0).OldState = 5;  // no row of the state table: the evaluation error box
+    bool heldDuringBox = false;
+    t.messages.onShow = [&](const MessageBoxRequest&) {
+        heldDuringBox = !t.timer.enabled;
+        EXPECT_EQ(t.display.stateCaption[0], "RelayState 1 : - - - - - - - -");
+    };
+    CheckTimeTick(t.s);
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_EQ(t.messages.shown[0].Prompt, "Error Did Not Evaluate Old / New State Correctly");
+    EXPECT_TRUE(heldDuringBox);
+    EXPECT_TRUE(t.timer.enabled);
+}
+
+// Holds are counted: a command that holds the timer and calls others that hold it too (the
+// restart file and the log both do) keeps it off until its own end.
+TEST_F(TickTest, NestedHoldsGiveTheTimerBackOnlyAtTheOutermostEnd) {
+    t.mod().LoggingOnOff = True;
+    t.timer.enabled = true;
+    {
+        const CheckTimeHold outer(t.s);
+        SaveRestartFile(t.s);
+        WriteEventLog(t.s, "Test", "inner");
+        EXPECT_FALSE(t.timer.enabled);
+    }
     EXPECT_TRUE(t.timer.enabled);
 }
 

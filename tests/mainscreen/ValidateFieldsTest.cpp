@@ -137,7 +137,7 @@ TEST_F(ValidateFieldsTest, StartAndEndAreComparedAsTimesNotAsTexts) {
     for (const Case& c : cases) {
         RowSystem u(dir);
         const int k = PairIndex(5, 1);
-        std::string& own = c.startSide ? u.frm().StartTime[k] : u.frm().EndTime[k];
+        TimeField& own = c.startSide ? u.frm().StartTime[k] : u.frm().EndTime[k];
         (c.startSide ? u.frm().EndTime[k] : u.frm().StartTime[k]) = c.other;
         std::string text = c.typed;
         EXPECT_EQ(c.startSide ? ValidateStartTime(u.s, k, text) : ValidateEndTime(u.s, k, text),

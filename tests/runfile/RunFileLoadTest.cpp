@@ -22,11 +22,21 @@ class RunFileLoad : public test::RunFileTest {
 
     // A relay block of the current layout with the given name and pairs "<name> s<p>" and
     // "<name> e<p>".
+    // A time that tells where it was read from: the pair in the hour (ends twelve hours
+    // later), the block's name in the minutes.
+    static std::string Tm(const std::string& name, int p, bool end) {
+        int m = 0;
+        for (char c : name)
+            m = (m * 31 + c) % 60;
+        char text[16];
+        std::snprintf(text, sizeof text, "%02d:%02d:00", p % 12 + (end ? 12 : 0), m);
+        return text;
+    }
     static Lines Block(const std::string& name, int pairs, const std::string& code = "EO") {
         Lines b = {name, "All Days", code, " 0 ", " 0 ", " 0 ", " 0 ", " 0 ", ""};
         for (int p = 0; p < pairs; ++p) {
-            b.push_back(name + " s" + std::to_string(p));
-            b.push_back(name + " e" + std::to_string(p));
+            b.push_back(Tm(name, p, false));
+            b.push_back(Tm(name, p, true));
         }
         return b;
     }
@@ -116,14 +126,15 @@ TEST_F(RunFileLoad, VersionsAndTheirResults) {
 }
 
 // Every version reads its blocks with each field in its place, converts the old even/odd codes
-// (exactly, case-sensitive) and clears Invert for a numeric code. The oldest version has no
+// (exactly, case-sensitive), loads blank a code that field entry would not store as it stands,
+// and clears Invert for a numeric code. The oldest version has no
 // logging line, and no Count or HardStop, which keep their new-schedule values.
 TEST_F(RunFileLoad, EveryVersionReadsItsBlocks) {
     const struct {
         const char *code, *loaded;
         Flag invert;
-    } rows[] = {{"CO", "TH", True}, {"MO", "MH", True},   {"MM", "MH", True},  {"FO", "BH", True},
-                {"co", "co", True}, {"CO ", "CO ", True}, {"15", "15", False}, {" 0", "0", False}};
+    } rows[] = {{"CO", "TH", True}, {"MO", "MH", True}, {"MM", "MH", True},  {"FO", "BH", True},
+                {"co", "", True},   {"CO ", "", True},  {"15", "15", False}, {" 0", "0", False}};
     for (const char* version :
          {"FV20000424", "FV.2001.02.29", "FV.2001.04.15", "FV.2001.05.01|.b0.r7.t5"}) {
         const bool old = version == std::string("FV20000424");
@@ -148,7 +159,7 @@ TEST_F(RunFileLoad, EveryVersionReadsItsBlocks) {
                       std::make_tuple(True, rows[r].invert, False, int16_t(old ? 0 : 7),
                                       old ? False : True));
             EXPECT_EQ(rec.IconFile, "/icons/r.png");
-            EXPECT_EQ(f.EndTime[PairIndex(r, 5)], "R e5");
+            EXPECT_EQ(f.EndTime[PairIndex(r, 5)], Tm("R", 5, true));
         }
     }
 }
@@ -191,9 +202,9 @@ TEST_F(RunFileLoad, CommasCutTextsAndShiftTheRestOfTheFile) {
     EXPECT_EQ(Load(lines), RunFileTimeArrayError);
     EXPECT_EQ(f.Relay[0].IconFile, "/home/ann/a");
     EXPECT_EQ(f.StartTime[0], "b.png");
-    EXPECT_EQ(f.EndTime[0], "R0 s0");
-    EXPECT_EQ(f.EndTime[5], "R0 s5");
-    EXPECT_EQ(f.Relay[1].DisplayName, "R0 e5");
+    EXPECT_EQ(f.EndTime[0], Tm("R0", 0, false));
+    EXPECT_EQ(f.EndTime[5], Tm("R0", 5, false));
+    EXPECT_EQ(f.Relay[1].DisplayName, Tm("R0", 5, true));
     ASSERT_EQ(shown().size(), 1u);
     EXPECT_EQ(shown()[0].Title, "Load Time Array Error");
 
@@ -250,7 +261,7 @@ TEST_F(RunFileLoad, TheSuffixSetsTheBoundsOfACurrentFileClampedToTheBuild) {
     ASSERT_EQ(Load(File("FV.2001.05.01|.b0.r3.t1", 4, 2)), RunFileLoaded);
     for (int r = 0; r < 4; ++r) {
         EXPECT_EQ(f.Relay[r].DisplayName, "R" + std::to_string(r));
-        EXPECT_EQ(f.StartTime[PairIndex(r, 1)], "R" + std::to_string(r) + " s1");
+        EXPECT_EQ(f.StartTime[PairIndex(r, 1)], Tm("R" + std::to_string(r), 1, false));
         EXPECT_EQ(f.StartTime[PairIndex(r, 2)], "");
     }
     ExpectNewSchedule(4);
@@ -259,17 +270,18 @@ TEST_F(RunFileLoad, TheSuffixSetsTheBoundsOfACurrentFileClampedToTheBuild) {
     ResetRelayRecords(s);
     ASSERT_EQ(Load(File("FV.2001.05.01|.b0.r12345", 2, 5)), RunFileLoaded);
     EXPECT_EQ(f.Relay[1].DisplayName, "R1");
-    EXPECT_EQ(f.EndTime[PairIndex(1, 4)], "R1 e4");
+    EXPECT_EQ(f.EndTime[PairIndex(1, 4)], Tm("R1", 4, true));
     ExpectNewSchedule(2);
 
     // Larger bounds are clamped, and the extra lines are not skipped: of ten pairs per block
     // in the file the reader takes six and reads on from there.
     ResetRelayRecords(s);
     EXPECT_EQ(Load(File("FV.2001.05.01|.b9.r7.t9", 8, 10)), RunFileTimeArrayError);
-    EXPECT_EQ(f.EndTime[5], "R0 e5");
-    EXPECT_EQ(f.Relay[1].DisplayName, "R0 s6");
-    EXPECT_EQ(f.Relay[1].DaysOfWeek, "R0 e6");
-    EXPECT_EQ(f.Relay[1].DayHrEvenOdd, "R0 s7");  // and "R0 e7" read as Manual fails
+    EXPECT_EQ(f.EndTime[5], Tm("R0", 5, true));
+    EXPECT_EQ(f.Relay[1].DisplayName, Tm("R0", 6, false));
+    EXPECT_EQ(f.Relay[1].DaysOfWeek, Tm("R0", 6, true));
+    EXPECT_EQ(f.Relay[1].DayHrEvenOdd,
+              Tm("R0", 7, false));  // and Tm("R0", 7, true) read as Manual fails
 
     // More relays than the build has: relay 8's lines are simply never read.
     ResetRelayRecords(s);

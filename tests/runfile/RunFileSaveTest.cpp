@@ -45,7 +45,7 @@ void SetUpPump(System& s) {
 // File holds, loaded back.
 TEST_F(RunFileTest, TheWorkedExampleSavesLineByLineAndEverythingLoadsBack) {
     SetUpPump(s);
-    const char* codes[] = {"", "EH", "TH", "3H", "15", "WE", "", "BH"};
+    const char* codes[] = {"", "EH", "TH", "3H", "15", "SS", "", "BH"};
     for (int i = 1; i <= LastRelay; ++i) {
         RelayRecord& r = f.Relay[i];
         r.DisplayName = "Ventil S\xC3\xBC" + std::string("d ") + std::to_string(i);

@@ -6,6 +6,7 @@ namespace vantrellion::test {
 
 Answer FakeMessages::Show(const MessageBoxRequest& r) {
     shown.push_back(r);
+    if (onShow) onShow(r);
     if (!answers.empty()) {
         Answer a = answers.front();
         answers.pop_front();

@@ -19,9 +19,9 @@ namespace vantrellion::test {
 class FakeClock : public Clock {
   public:
     DateTime now;
-    int32_t tick = 1000;
+    int64_t tick = 1000;
     DateTime Now() override { return now; }
-    int32_t GetTickCount() override { return tick; }
+    int64_t MonotonicMs() override { return tick; }
     // Sets the time of day; the date and weekday stay.
     void SetTime(int h, int m, int sec) {
         now.Hour = h;
@@ -65,6 +65,7 @@ class FakeMessages : public MessageBoxes {
   public:
     std::vector<MessageBoxRequest> shown;
     std::deque<Answer> answers;  // answered in order; OK (or the first button) when empty
+    std::function<void(const MessageBoxRequest&)> onShow;  // called as each box shows
     Answer Show(const MessageBoxRequest& r) override;
     std::vector<std::string> Prompts() const;
 };

@@ -33,16 +33,12 @@ int main(int argc, char** argv) {
     PreviewEnvironment env;
     env.MachineDirectory = DefaultMachineDirectory();
     env.Now = ToLocalSeconds(clock.Now());
-    env.TickNow = clock.GetTickCount();
+    env.TickNow = clock.MonotonicMs();
     env.WritePng = [](const Timeline& t, const std::string& path) {
         return WriteTimelinePng(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
     };
     env.WriteSvg = [](const Timeline& t, const std::string& path) {
-        std::string moduleProblem;
-        const bool ok = WriteTimelineSvg(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t),
-                                         &moduleProblem);
-        if (!moduleProblem.empty()) std::cerr << moduleProblem << "\n";
-        return ok;
+        return WriteTimelineSvg(t, QString::fromLocal8Bit(path.c_str()), PictureSize(t));
     };
     return RunPreviewCommand(args, env, std::cout, std::cerr);
 }

@@ -1,4 +1,4 @@
-#include "desktop/printing/PrinterChoice.h"
+#include "desktop/PrinterChoice.h"
 
 #include <QPrintDialog>
 
@@ -27,6 +27,19 @@ PrinterChoice& CurrentPrinterChoice() {
 
 void SetPrinterChoice(PrinterChoice* choice) {
     currentChoice = choice ? choice : &dialogChoice;
+}
+
+bool PrintDocument(System& s, QWidget* parent, bool hasSelection, const PaintDocument& paint) {
+    QPrinter printer(QPrinter::HighResolution);
+    if (!CurrentPrinterChoice().Choose(printer, parent, hasSelection)) {
+        s.Message({PrintCancelledText});
+        return false;
+    }
+    if (!printer.isValid() || !paint(printer) || printer.printerState() == QPrinter::Error) {
+        s.Message({NoPrinterText});
+        return false;
+    }
+    return true;
 }
 
 }  // namespace vantrellion
