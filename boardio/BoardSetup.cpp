@@ -1,5 +1,6 @@
 #include "boardio/BoardSetup.h"
 
+#include "boardio/BoardSet.h"
 #include "boardio/PortAccess.h"
 #include "core/FatalError.h"
 
@@ -12,22 +13,14 @@ const BoardRecord& BoardAt(const System& s, int board) {
     return s.modRelay.Board[board];
 }
 
-void WritePort(System& s, int16_t port, int16_t value) {
-    CheckedByte(s.ports().Out8255(port, value));
-}
-
 }  // namespace
 
+// The board's driver does what set-up the board needs: the port library writes the control
+// register; the emulated board and the boards opened from a connection need none here.
 uint8_t PortInitBoard(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
-                      int /*board*/, int /*relay*/) {
-    if (s.modRelay.RunNoBoards != 0) return 0;
-    // A board without a control register, or without a value for it, is left entirely alone:
-    // its relays keep their state through a start until the first tick takes them over.
-    if (cntl == 0 || config == 0) return 0;
-    WritePort(s, cntl, config);
-    // Programming the control register drops the data ports; they start from 0.
-    if (base != 0) WritePort(s, base, 0);
-    if (input != 0) WritePort(s, input, 0);
+                      int board, int /*relay*/) {
+    std::unique_ptr<BoardLink> transient;
+    BoardLinkFor(s, board, {base, input, cntl, config}, transient).SetUp();
     return 0;
 }
 
@@ -64,17 +57,14 @@ void ResetAllRelays(System& s) {
 }
 
 void ClearOutputPorts(System& s) {
-    // One final write of 0 to the output port of each board that allows it, a base of 0 like
-    // any other. In emulation no real port is ever touched: the program may run without the
-    // board, and whatever sits at that address is not ours; the emulated byte is cleared.
+    // One final write of 0 to the outputs of each board that allows it, through its driver.
     for (int board = 0; board <= LastBoard; ++board) {
         const BoardRecord& b = BoardAt(s, board);
         if (b.ResetOnExit == 0) continue;
-        if (s.modRelay.RunNoBoards != 0) {
-            EmulatedOutputByte(s, b.BaseAddress) = 0;
-        } else {
-            WritePort(s, b.BaseAddress, 0);
-        }
+        std::unique_ptr<BoardLink> transient;
+        BoardLinkFor(s, board, {b.BaseAddress, b.InputAddress, b.CntlAddress, b.PortConfigValue},
+                     transient)
+            .ClearAtExit();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "boardio/BoardSet.h"
 #include "core/FatalError.h"
 
 namespace vantrellion {
@@ -17,22 +18,15 @@ const BoardRecord& BoardAt(const System& s, int board) {
     return s.modRelay.Board[board];
 }
 
-// The input port in emulation mode: a board's inputs mirror its relays, so that a counter can
-// be tried out without a board. Unlike the output read, an address that is no board's input
-// reads 0 rather than the catch-all byte.
-uint8_t EmulatedInputByte(const System& s, int16_t input) {
-    for (int b = 0; b <= LastBoard; ++b)
-        if (input == s.modRelay.Board[b].InputAddress) return s.frmRelay.EmulatedPort[b];
+// Sets or clears the bits of a relay's mask by a read-modify-write of the board's outputs.
+uint8_t ChangeBit(System& s, const BoardAddresses& a, int board, int relay, bool on) {
+    std::unique_ptr<BoardLink> transient;
+    BoardLink& link = BoardLinkFor(s, board, a, transient);
+    if (!link.HasOutputs()) return 0;
+    const int mask = GetANDOR(s, relay);
+    const uint8_t v = link.ReadForChange().value;
+    link.WriteOutputs(static_cast<uint8_t>(on ? v | mask : v & ~mask));
     return 0;
-}
-
-// Reads a port; the result must fit a byte, or the program ends with an overflow.
-uint8_t ReadPort(System& s, int16_t port) {
-    return CheckedByte(s.ports().In8255(port));
-}
-
-void WritePort(System& s, int16_t port, int value) {
-    CheckedByte(s.ports().Out8255(port, static_cast<int16_t>(value)));
 }
 
 }  // namespace
@@ -46,6 +40,15 @@ uint8_t& EmulatedOutputByte(System& s, int16_t base) {
         }
     }
     return s.frmRelay.EmulatedOtherPort;
+}
+
+// A board's inputs mirror its relays, so that a counter can be tried out without a board.
+// Unlike the output read, an address that is no board's input reads 0 rather than the
+// catch-all byte.
+uint8_t EmulatedInputByte(const System& s, int16_t input) {
+    for (int b = 0; b <= LastBoard; ++b)
+        if (input == s.modRelay.Board[b].InputAddress) return s.frmRelay.EmulatedPort[b];
+    return 0;
 }
 
 int16_t GetANDOR(System& s, int r) {
@@ -66,46 +69,28 @@ void WaitStepDelay(System& s) {
     }
 }
 
-uint8_t PortSetBit(System& s, int16_t base, int16_t /*input*/, int16_t /*cntl*/, int16_t /*config*/,
-                   int /*board*/, int relay) {
-    if (base == 0) return 0;
-    const int mask = GetANDOR(s, relay);
-    if (s.modRelay.RunNoBoards == 0) {
-        const uint8_t v = ReadPort(s, base);
-        WritePort(s, base, v | mask);
-    } else {
-        uint8_t& b = EmulatedOutputByte(s, base);
-        b = static_cast<uint8_t>(b | mask);
-    }
-    return 0;
+uint8_t PortSetBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config, int board,
+                   int relay) {
+    return ChangeBit(s, {base, input, cntl, config}, board, relay, true);
 }
 
-uint8_t PortClearBit(System& s, int16_t base, int16_t /*input*/, int16_t /*cntl*/,
-                     int16_t /*config*/, int /*board*/, int relay) {
-    if (base == 0) return 0;
-    const int mask = GetANDOR(s, relay);
-    if (s.modRelay.RunNoBoards == 0) {
-        const uint8_t v = ReadPort(s, base);
-        WritePort(s, base, v & ~mask);
-    } else {
-        uint8_t& b = EmulatedOutputByte(s, base);
-        b = static_cast<uint8_t>(b & ~mask);
-    }
-    return 0;
+uint8_t PortClearBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                     int board, int relay) {
+    return ChangeBit(s, {base, input, cntl, config}, board, relay, false);
 }
 
-uint8_t PortReadOutput(System& s, int16_t base, int16_t /*input*/, int16_t /*cntl*/,
-                       int16_t /*config*/, int /*board*/, int /*relay*/) {
-    if (base == 0) return 0;
-    if (s.modRelay.RunNoBoards == 0) return ReadPort(s, base);
-    return EmulatedOutputByte(s, base);
+uint8_t PortReadOutput(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                       int board, int /*relay*/) {
+    std::unique_ptr<BoardLink> transient;
+    BoardLink& link = BoardLinkFor(s, board, {base, input, cntl, config}, transient);
+    return link.HasOutputs() ? link.ReadOutputs().value : 0;
 }
 
-uint8_t PortReadInput(System& s, int16_t /*base*/, int16_t input, int16_t /*cntl*/,
-                      int16_t /*config*/, int /*board*/, int /*relay*/) {
-    if (input == 0) return 0;
-    if (s.modRelay.RunNoBoards == 0) return ReadPort(s, input);
-    return EmulatedInputByte(s, input);
+uint8_t PortReadInput(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config,
+                      int board, int /*relay*/) {
+    std::unique_ptr<BoardLink> transient;
+    BoardLink& link = BoardLinkFor(s, board, {base, input, cntl, config}, transient);
+    return link.HasInputs() ? link.ReadInputs().value : 0;
 }
 
 void SetRelayOn(System& s, int board, int relay) {

@@ -1,5 +1,6 @@
-// Port operations on a board, with emulation mode (RunNoBoards) redirecting them to bytes in
-// memory.
+// Operations on a board's relays and inputs. Each reaches the board through its driver
+// (boardio/BoardSet.h): the port library at the board's addresses, the emulated board in
+// memory (RunNoBoards), or a board opened from its connection text.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +19,9 @@ void WaitStepDelay(System& s);
 // that belongs to one of those has no byte, which is an out-of-range subscript. Any other
 // address falls into the one byte that catches all other ports.
 uint8_t& EmulatedOutputByte(System& s, int16_t base);
+// The byte that an input address reads in emulation mode: board 0's relays for its input
+// address, 0 for any other.
+uint8_t EmulatedInputByte(const System& s, int16_t input);
 
 uint8_t PortSetBit(System& s, int16_t base, int16_t input, int16_t cntl, int16_t config, int board,
                    int relay);

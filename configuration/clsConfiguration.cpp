@@ -65,6 +65,16 @@ std::optional<RunTimeError> ConfigurationFlagRunNoBoardsLoad(System& s, Flag& fl
     return LoadFlag(s, "RunNoBoards", flag);
 }
 
+std::string ConfigurationBoardConnectionLoad(System& s, int board) {
+    const std::string name = "BoardConnection" + std::to_string(board + 1);
+    const std::string v = ReadSentinel(s, name.c_str());
+    return v == REGKEYNOTFOUND || v == VALUENAMENOTFOUND ? "" : v;
+}
+
+void ConfigurationBoardConnectionSave(System& s, int board, const std::string& text) {
+    WriteText(s, ("BoardConnection" + std::to_string(board + 1)).c_str(), text);
+}
+
 void ConfigurationInstallPathSave(System& s, const std::string& path) {
     WriteText(s, "InstallPath", path);
 }

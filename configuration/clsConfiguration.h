@@ -44,6 +44,10 @@ void ConfigurationDeleteLastPos(System& s);
 std::optional<RunTimeError> ConfigurationFlagLoggingLoad(System& s, Flag& flag);
 std::optional<RunTimeError> ConfigurationFlagRunNoBoardsLoad(System& s, Flag& flag);
 
+// BoardConnection1 ... BoardConnection4 of board 0 to 3: the text, "" when it is missing.
+std::string ConfigurationBoardConnectionLoad(System& s, int board);
+void ConfigurationBoardConnectionSave(System& s, int board, const std::string& text);
+
 void ConfigurationInstallPathSave(System& s, const std::string& path);
 void ConfigurationInstallNameSave(System& s, const std::string& name);
 // false as "0", true as "1".

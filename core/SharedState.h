@@ -22,6 +22,7 @@ namespace vantrellion {
 class KeyValueStore;       // configuration/KeyValueStore.h
 class clsResizeFormCntls;  // core/clsResizeFormCntls.h
 class RecentFiles;         // core/RecentFiles.h
+class BoardSet;            // boardio/BoardSet.h
 
 struct RelayRecord {
     std::string DisplayName;
@@ -133,6 +134,9 @@ struct Platform {
     WindowPlaceSettings* windowPlaces = nullptr;
     // Told at the end of every tick.
     std::vector<TickObserver*> tickObservers;
+    // The boards with their connections; null drives every board through the port library (or
+    // emulated, with RunNoBoards), as a store without connection texts does.
+    BoardSet* boards = nullptr;
 };
 
 struct System {

@@ -113,6 +113,16 @@ ConfigBoardPanel::ConfigBoardPanel(QWidget* parent) : QWidget(parent) {
     ++row;
     chkWarnOverlapTime = Check(this, "chkWarnOverlapTime", "Warn Overlapping Time", 0);
     grid->addWidget(chkWarnOverlapTime, row, 1, 1, BoardSlots);
+    ++row;
+    lblConnection = Label(this, "lblConnection", "Connection");
+    grid->addWidget(lblConnection, row, 0);
+    for (int b = 0; b < BoardSlots; ++b) {
+        cmbConnection[b] = Combo(this, "cmbConnection", b);
+        cmbConnection[b]->setToolTip(
+            "How the board is reached, as ports://768, modbus-tcp://HOST:PORT?unit=1 and so on; "
+            "the list holds the boards found on this machine");
+        grid->addWidget(cmbConnection[b], row, 1 + b);
+    }
 }
 
 QComboBox* ConfigBoardPanel::AddressComboBox(AddressBox box, int board) const {
@@ -136,7 +146,7 @@ void ConfigBoardPanel::DisableUnusedBoards() {
         if (BoardColumnEnabled(b)) continue;
         QList<QWidget*> controls = {cmbChipSetType[b], cmbBaseAddress[b],     cmbInputAddress[b],
                                     cmbCntlAddress[b], cmbPortConfigValue[b], chkLogBoard[b],
-                                    chkResetOnExit[b]};
+                                    chkResetOnExit[b], cmbConnection[b]};
         for (int r = 0; r < RelaysPerBoard; ++r)
             controls.append(txtRelayName[RecordIndex(b, r)]);
         for (QWidget* w : controls) {

@@ -30,6 +30,9 @@ class ConfigBoardPanel : public QWidget {
     QLineEdit* txtLogFilePath;
     QPushButton* cmdLogFilePathBrowse;
     QCheckBox* chkWarnOverlapTime;
+    // The board's connection text, with the boards found on this machine in its list.
+    QLabel* lblConnection;
+    std::array<QComboBox*, BoardSlots> cmbConnection{};
 
     QComboBox* AddressComboBox(AddressBox box, int board) const;
 

@@ -8,6 +8,9 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "boardio/BoardSet.h"
+#include "configuration/BoardConnections.h"
+#include "configuration/KeyValueStore.h"
 #include "configuration/screens/ConfigScreenFields.h"
 #include "configuration/screens/ConfigScreenLogic.h"
 #include "configuration/screens/ConfigScreenToolTips.h"
@@ -101,6 +104,7 @@ ConfigScreenWindow::ConfigScreenWindow(System& s, ConfigScreenKind kind, ColorCh
     Wire();
     WireConfigScreenHelpAndPrint(s_, *this);
     Load();
+    LoadConnections();
 }
 
 ConfigScreenWindow::~ConfigScreenWindow() = default;
@@ -438,7 +442,47 @@ void ConfigScreenWindow::ChooseColor(ColorArray array, int index) {
 }
 
 void ConfigScreenWindow::Save() {
-    Run([this] { cmdSave_Click(s_, f_); });
+    Run([this] {
+        cmdSave_Click(s_, f_);
+        SaveConnections();
+    });
+}
+
+void ConfigScreenWindow::LoadConnections() {
+    if (!Boards || !s_.platform.boards) return;
+    const std::vector<FoundBoard> found = ListAllBoards();
+    for (int b = 0; b <= LastBoard; ++b) {
+        QComboBox* c = Boards->cmbConnection[b];
+        for (const FoundBoard& f : found)
+            c->addItem(Q(f.connection), Q(f.description));
+        for (int i = 0; i < c->count(); ++i)
+            c->setItemData(i, c->itemData(i), Qt::ToolTipRole);
+        shownConnection_[b] = s_.platform.boards->EffectiveConnection(s_, b);
+        c->setEditText(Q(shownConnection_[b]));
+        connect(c, &QComboBox::editTextChanged, this, [this, b](const QString& text) {
+            if (S(text) == shownConnection_[b]) return;
+            f_.FormChanged = True;
+            f_.SaveEnabled = true;
+            ShowModel();
+        });
+    }
+}
+
+// Only a text that the user changed is stored; one that cannot be used is told and kept on
+// the screen for correcting.
+void ConfigScreenWindow::SaveConnections() {
+    if (!Boards || !s_.platform.boards) return;
+    for (int b = 0; b <= LastBoard; ++b) {
+        const std::string text = S(Boards->cmbConnection[b]->currentText().trimmed());
+        if (text == shownConnection_[b]) continue;
+        const KeyValueStore::UserChange byUser(s_.platform.store);
+        if (SaveBoardConnection(s_, b, text)) {
+            shownConnection_[b] = s_.platform.boards->EffectiveConnection(s_, b);
+        } else {
+            f_.FormChanged = True;
+            f_.SaveEnabled = true;
+        }
+    }
 }
 
 void ConfigScreenWindow::CancelChanges() {

@@ -75,9 +75,14 @@ class ConfigScreenWindow : public QDialog {
     void ChooseColor(ColorArray array, int index);
     void Save();
     void CancelChanges();
+    // The connection fields: filled from the board set with the boards found, and stored at
+    // Save when the user changed them.
+    void LoadConnections();
+    void SaveConnections();
 
     System& s_;
     ConfigScreen f_;
+    std::array<std::string, BoardSlots> shownConnection_;
     std::unique_ptr<ColorChooser> ownChooser_;
     ColorChooser* chooser_;
     QMenuBar* menuBar_;

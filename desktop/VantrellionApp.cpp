@@ -6,7 +6,9 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "boardio/BoardStatusDisplay.h"
 #include "boardio/LibraryPorts.h"
+#include "configuration/BoardConnections.h"
 #include "configuration/CheckConfigurationAtStart.h"
 #include "configuration/screens/ConfigurationCommands.h"
 #include "core/CheckTimeControl.h"
@@ -49,6 +51,8 @@ VantrellionApp::VantrellionApp(Options o) {
         libraryPorts_ = std::make_unique<LibraryPorts>(DefaultPortLibraryPath(), systemMessages_,
                                                        s_.modRelay.RunNoBoards);
     p.ports = o.ports ? o.ports : libraryPorts_.get();
+    boards_ = std::make_unique<BoardSet>();
+    p.boards = boards_.get();
     store_ = std::make_unique<KeyValueStore>(o.machineDirectory + "store.db");
     p.store = store_.get();
     p.windowPlaces = &windowPlaces_;
@@ -67,7 +71,10 @@ VantrellionApp::~VantrellionApp() {
     timer_.SetEnabled(false);
     s_.platform.recentFiles = nullptr;
     recentFiles_.reset();
+    s_.platform.display = nullptr;
+    boardStatusDisplay_.reset();
     main_.reset();
+    boards_->CloseAll();
     CloseSplash();
     RegisterFormPositionSystem(nullptr);
 }
@@ -131,6 +138,7 @@ bool VantrellionApp::Main() {
             UnloadAllForms();
             return false;
         }
+        LoadBoardConnections(s_);
         if (splash_) splash_->repaint();  // 6
         CreateMainScreen();
         CloseSplash();  // 7
@@ -146,7 +154,8 @@ bool VantrellionApp::Main() {
 
 void VantrellionApp::CreateMainScreen() {
     main_ = std::make_unique<frmRelay>(s_);
-    s_.platform.display = main_.get();
+    boardStatusDisplay_ = std::make_unique<BoardStatusDisplay>(*main_, s_, *boards_);
+    s_.platform.display = boardStatusDisplay_.get();
     s_.platform.screen = main_.get();
     main_->QueryUnload = [this] {
         bool cancel = false;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "boardio/BoardSet.h"
 #include "configuration/ConfigurationStoreAdapter.h"
 #include "configuration/KeyValueStore.h"
 #include "configuration/StoreWindowPlaces.h"
@@ -63,6 +64,9 @@ class VantrellionApp {
     StoreWindowPlaces windowPlaces_{s_};
     QtFileDialogs qtDialogs_;
     std::unique_ptr<Ports> libraryPorts_;
+    // The boards by their connection texts, and the main screen's display with their state.
+    std::unique_ptr<BoardSet> boards_;
+    std::unique_ptr<RowDisplay> boardStatusDisplay_;
     std::unique_ptr<KeyValueStore> store_;
     ConfigurationStoreAdapter configurationSaves_{s_};
     // The configuration screens that the start-up check opens on a first run.

@@ -1,11 +1,19 @@
 // Vantrellion: runs a daily schedule of relays on digital I/O boards, or in emulation.
 #include <QApplication>
+#include <cstdio>
+#include <cstring>
 
+#include "boardio/BoardDriver.h"
 #include "core/MachineDirectory.h"
 #include "desktop/QtPlatform.h"
 #include "desktop/VantrellionApp.h"
 
 int main(int argc, char** argv) {
+    // --list-boards: the boards that each driver finds on this machine, and nothing else.
+    if (argc == 2 && std::strcmp(argv[1], "--list-boards") == 0) {
+        std::fputs(vantrellion::BoardListText().c_str(), stdout);
+        return 0;
+    }
     // The window's updates at each tick are small (the clock, a few captions and colours):
     // plain image transfers to the X server cost fewer system calls than shared memory with
     // its completion events and the thread hand-over they cause.
