@@ -1,6 +1,6 @@
 // The Tool menu's schedule preview: the entry comes last after a separator, the window shows
 // the main screen's schedule as a timeline with its warnings, computes without holding up the
-// tick, and exports through the file dialogs.
+// tick.
 #include <QAction>
 #include <QMenu>
 #include <QTest>
@@ -78,25 +78,6 @@ TEST_F(SchedulePreviewWindowTest, ShowsTheScheduleWarningsAndSwitchTimesWithoutS
     w->Menu("mnuToolSchedulePreview")->trigger();
     EXPECT_EQ(w->findChildren<SchedulePreviewWindow*>().size(), 1);
     WaitUntilDone(win);
-}
-
-TEST_F(SchedulePreviewWindowTest, ExportsThroughTheFileDialogs) {
-    SchedulePreviewWindow* win = Open();
-    ASSERT_NE(win, nullptr);
-    t.dialogs.answers = {dir.File("p.csv"), dir.File("p.png"), dir.File("p.svg"), std::nullopt,
-                         dir.File("missing/p.csv")};
-    EXPECT_TRUE(win->ExportCsv());
-    EXPECT_TRUE(win->ExportPng());
-    EXPECT_TRUE(win->ExportSvg());
-    EXPECT_FALSE(win->ExportCsv());  // cancelled
-    EXPECT_FALSE(win->ExportCsv());  // the directory is missing
-    EXPECT_EQ(win->status->text().toStdString(), "Could not write " + dir.File("missing/p.csv"));
-    EXPECT_EQ(dir.Read("p.csv").rfind("time,relay,name,state\n2026-11-16 07:00:00,1,Pump,off\n", 0),
-              0u);
-    EXPECT_FALSE(QImage(QString::fromStdString(dir.File("p.png"))).isNull());
-    EXPECT_NE(dir.Read("p.svg").find("<svg"), std::string::npos);
-    ASSERT_EQ(t.dialogs.saved.size(), 5u);
-    EXPECT_EQ(t.dialogs.saved[0].Filter, "CSV File (*.csv)|*.csv");
 }
 
 }  // namespace
