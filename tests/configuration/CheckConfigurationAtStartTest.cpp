@@ -59,25 +59,6 @@ struct FakeScreens : FirstRunScreens {
     void ShowConfigColors() override { Show("frmConfigColors"); }
 };
 
-// (The start-up check's table shows the usual shapes at work.)
-TEST(VersionShape, TakesOneDigitAtPositionsThreeSixAndNineBehindTheBar) {
-    struct Case {
-        const char* version;
-        std::optional<int> b, r, t;
-    };
-    const Case cases[] = {
-        {"FV.2001.05.01|.b0.r7.t5", 0, 7, 5},
-        {"FV.2001.05.01|.b0.r15.t5", 0, 1, std::nullopt},  // ".b0.r15.t5": position 9 is "t"
-        {"FV.2001.05.01|.b0.r7", 0, 7, std::nullopt},
-        {"FV|.b0.r7.t5|x", 0, 7, 5},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(VersionShapeDigit(c.version, ShapeBoardPosition), c.b) << c.version;
-        EXPECT_EQ(VersionShapeDigit(c.version, ShapeRelayPosition), c.r) << c.version;
-        EXPECT_EQ(VersionShapeDigit(c.version, ShapeTimePairPosition), c.t) << c.version;
-    }
-}
-
 // Each state of the store with the user's answers: the questions, the screens, the result, and
 // what ends up loaded and stored.
 TEST(StartUpCheck, EachStoreStateAndAnswer) {
@@ -307,100 +288,6 @@ TEST_F(LockedStoreAtStart, IsWaitedForThenReadAndASaveChangesNothingUnasked) {
     EXPECT_EQ(StoredValues(file), before);
     // The first write switched the store to WAL.
     EXPECT_TRUE(dir.Exists("store.db-wal"));
-}
-
-TEST_F(LockedStoreAtStart, AbortEndsTheStart) {
-    StoreHolder holder(file);
-    ASSERT_TRUE(holder.Held());
-    t.messages.answers = {Answer::Abort};
-    FakeScreens screens(t.s);
-    EXPECT_FALSE(CheckConfigurationAtStart(t.s, screens));
-}
-
-// Going on without the store under a lock that stays: the program runs on the built-in
-// configuration, stored in memory only.
-class IgnoredStore : public LockedStoreAtStart {
-  protected:
-    std::string bytes;
-    std::string values;
-    std::unique_ptr<StoreHolder> holder;
-
-    void SetUp() override {
-        LockedStoreAtStart::SetUp();
-        bytes = dir.Read("store.db");
-        values = StoredValues(file);
-        holder = std::make_unique<StoreHolder>(file);
-        ASSERT_TRUE(holder->Held());
-        t.messages.answers = {Answer::Ignore};
-        FakeScreens screens(t.s);
-        ASSERT_TRUE(CheckConfigurationAtStart(t.s, screens));
-        ASSERT_EQ(t.messages.shown.size(), 1u) << "no first-run question after the lock's box";
-        EXPECT_TRUE(screens.shown.empty());
-    }
-
-    // A full Save of the configuration screen, with the relay name that the user typed.
-    void SaveScreen(const std::string* relayName = nullptr) {
-        ConfigScreen f = NewConfigScreen(ConfigScreenKind::Configuration);
-        ConfigForm_Load(t.s, f);
-        if (relayName) f.txtRelayName[2] = *relayName;
-        cmdSave_Click(t.s, f);
-    }
-
-    // The picture of the stored values with some of them replaced.
-    static std::string WithValues(const std::string& picture,
-                                  const std::map<std::string, std::string>& replaced) {
-        std::string out;
-        std::istringstream lines(picture);
-        for (std::string line; std::getline(lines, line);) {
-            for (const auto& [name, text] : replaced) {
-                const std::string head = std::string(kKey) + "\\" + name + "=";
-                if (line.rfind(head, 0) == 0) line = head + text;
-            }
-            out += line + "\n";
-        }
-        return out;
-    }
-
-    void ExpectFileUntouched() {
-        EXPECT_EQ(dir.Read("store.db"), bytes);
-        EXPECT_FALSE(dir.Exists("store.db-wal"));
-        EXPECT_FALSE(dir.Exists("store.db-journal"));
-    }
-};
-
-TEST_F(IgnoredStore, RunsOnTheDefaultsAFirstConfigurationAcceptsAndNeverTouchesTheFile) {
-    EXPECT_EQ(t.mod().LogFilePath, dir.Path());
-    EXPECT_EQ(t.mod().RunNoBoards, True);
-    EXPECT_EQ(t.mod().LoggingOnOff, True);
-    EXPECT_EQ(t.mod().Board[0].RelayName[7], "Relay: 8");
-
-    // Nothing the user changed: the program's own writes and a Save of the unchanged screen
-    // leave the file as it was, the lock held or gone.
-    ConfigurationLogFileNameSave(t.s);
-    SaveScreen();
-    holder->Release();
-    t.mod().LogFileName = "20261123.Log";
-    ConfigurationLogFileNameSave(t.s);
-    ConfigurationInstallPathSave(t.s, "/opt/elsewhere/");
-    SaveScreen();
-    ConfigurationSaveToReg(t.s);
-    ExpectFileUntouched();
-}
-
-TEST_F(IgnoredStore, ASaveWritesOnlyTheChangedValueAndTriesAgainAfterALock) {
-    const std::string pump = "Pump";
-    SaveScreen(&pump);  // the lock is still held: the write fails and is told
-    ExpectFileUntouched();
-    EXPECT_EQ(t.mod().Board[0].RelayName[2], pump);
-
-    holder->Release();
-    t.mod().LogFileName = "20261123.Log";
-    ConfigurationLogFileNameSave(t.s);
-    SaveScreen();  // the same value again: now it reaches the file
-
-    const std::string expected = WithValues(values, {{RelayNameValueName(0, 2), pump}});
-    ASSERT_NE(expected, values);
-    EXPECT_EQ(StoredValues(file), expected);
 }
 
 }  // namespace

@@ -118,37 +118,6 @@ TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
     EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
 }
 
-// Between uses the store lets its file go; the next use opens it again and finds what was
-// written meanwhile, by itself or by another program. A store held in memory keeps its values.
-TEST(KeyValueStore, ReleasedBetweenUsesAndOpenedAgainAtTheNext) {
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    KeyValueStore store(file);
-    ASSERT_EQ(Set(store, kConfig, "a", "1"), StoreStatus::Ok);
-    ASSERT_TRUE(std::filesystem::exists(file + "-wal"));
-    store.ReleaseFile();
-    EXPECT_FALSE(std::filesystem::exists(file + "-wal"));  // the last connection is closed
-    {
-        KeyValueStore other(file);
-        ASSERT_EQ(Set(other, kConfig, "b", "2"), StoreStatus::Ok);
-    }
-    EXPECT_EQ(ReadText(store, kConfig, "a"), "1");
-    EXPECT_EQ(ReadText(store, kConfig, "b"), "2");
-    ASSERT_EQ(Set(store, kConfig, "a", "3"), StoreStatus::Ok);
-    store.ReleaseFile();
-    store.ReleaseFile();
-    EXPECT_EQ(RawQuery(file, "SELECT data FROM \"values\" WHERE name = 'a'"), "3");
-    EXPECT_TRUE(store.TakeNotices().empty());
-
-    const std::string damaged = dir.Path() + "damaged.db";
-    std::ofstream(damaged, std::ios::binary) << std::string(5000, '\x5a');
-    KeyValueStore memory(damaged);
-    ASSERT_EQ(Set(memory, kConfig, "kept", "yes"), StoreStatus::Ok);
-    ASSERT_TRUE(memory.InMemory());
-    memory.ReleaseFile();
-    EXPECT_EQ(ReadText(memory, kConfig, "kept"), "yes");
-}
-
 // A file that is not a store is told once, by name, left untouched, and an empty store in
 // memory serves the run.
 TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
@@ -197,52 +166,6 @@ TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
         EXPECT_TRUE(store.TakeNotices().empty());
         EXPECT_TRUE(FileBytes(file) == bytes);
     }
-}
-
-// An administrator's ANALYZE (sqlite_stat1), an extra table or an extra index does not make a
-// sound store damaged, and the program leaves them alone.
-TEST(KeyValueStore, ExtraTablesAndIndexesOfASoundStoreAreLeftAlone) {
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    {
-        KeyValueStore store(file);
-        ASSERT_EQ(Set(store, kConfig, "LogFilePath", "/var/log/"), StoreStatus::Ok);
-    }
-    RawQuery(file, "CREATE TABLE notes (t TEXT)");
-    RawQuery(file, "INSERT INTO notes VALUES ('kept')");
-    RawQuery(file, "CREATE INDEX by_name ON \"values\" (name)");
-    RawQuery(file, "ANALYZE");
-    ASSERT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='sqlite_stat1'"), "1");
-
-    KeyValueStore store(file);
-    EXPECT_EQ(ReadText(store, kConfig, "LogFilePath"), "/var/log/");
-    EXPECT_EQ(Set(store, kConfig, "LogFileName", "x.Log"), StoreStatus::Ok);
-    EXPECT_FALSE(store.InMemory());
-    EXPECT_TRUE(store.TakeNotices().empty());
-    EXPECT_EQ(RawQuery(file, "SELECT t FROM notes"), "kept");
-    EXPECT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='by_name'"), "1");
-}
-
-// A store in the rollback journal (made or switched back by another tool) is read as it is,
-// byte for byte, and switched to WAL at its first write.
-TEST(KeyValueStore, ARollbackJournalStoreIsSwitchedToWalAtItsFirstWrite) {
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    {
-        KeyValueStore store(file);
-        ASSERT_EQ(Set(store, kConfig, "A", "1"), StoreStatus::Ok);
-    }
-    RawQuery(file, "PRAGMA journal_mode=DELETE");
-    ASSERT_EQ(RawQuery(file, "PRAGMA journal_mode"), "delete");
-    const std::string before = FileBytes(file);
-
-    KeyValueStore store(file);
-    EXPECT_EQ(ReadText(store, kConfig, "A"), "1");
-    EXPECT_EQ(FileBytes(file), before);
-    EXPECT_EQ(Set(store, kConfig, "B", "2"), StoreStatus::Ok);
-    EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
-    EXPECT_EQ(ReadText(store, kConfig, "B"), "2");
-    EXPECT_TRUE(store.TakeNotices().empty());
 }
 
 TEST(KeyValueStore, ALockedStoreFailsAndIsToldOnce) {

@@ -110,40 +110,6 @@ TEST_F(Configuration, ASaveLoadsBackAsItWasAndWritesTextForBoardOneOnly) {
     EXPECT_EQ(ConfigurationLoadInstallName(s), ProgramName());
 }
 
-TEST_F(Configuration, ASaveFillsEmptyPathsAndNamesAndBlanksEmptyTexts) {
-    m.LogFilePath = m.LogFileName = m.DataFilePath = m.DataFileName = "";
-    m.Board[0].ChipSetType = "";
-    m.Board[0].RelayName[3] = "";
-    EXPECT_EQ(ConfigurationSaveToReg(s), 0);
-    EXPECT_TRUE(t.messages.shown.empty());
-    const std::tuple<const char*, std::string, std::string&> expected[] = {
-        {"LogFilePath", temp.dir().Path(), m.LogFilePath},  // the machine directory
-        {"LogFileName", "VantrellionLog.Log", m.LogFileName},
-        {"DataFilePath", test::kDocuments, m.DataFilePath},  // never the program's folder
-        {"DataFileName", "New.run", m.DataFileName},
-        {"ChipSetType1", " ", m.Board[0].ChipSetType},
-        {"Brd1RNam4", " ", m.Board[0].RelayName[3]},
-    };
-    for (const auto& [name, text, shared] : expected) {
-        EXPECT_EQ(Stored(name), text) << name;
-        EXPECT_EQ(shared, text) << name;
-    }
-    // A name cleared to nothing comes back as one blank.
-    m.Board[0].RelayName[3] = "changed";
-    Load();
-    EXPECT_EQ(m.Board[0].RelayName[3], " ");
-}
-
-TEST_F(Configuration, ALoadOfAnUnconfiguredStoreReadsNothing) {
-    for (const char* sentinel : {"REGKEYNOTFOUND", "VALUENAMENOTFOUND"}) {
-        const ModRelay before = m;
-        Load(sentinel);
-        EXPECT_EQ(Persisted(m), Persisted(before));
-        EXPECT_EQ(m.FileVersion, sentinel);
-    }
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
 TEST_F(Configuration, TheStoredShapeBoundsTheGroupsAndOtherBoardsAreLeftAlone) {
     Put("BaseAddress2", "999");
     Put("Brd2RNam1", "Other");
@@ -191,29 +157,6 @@ TEST_F(Configuration, SeveralBadValuesShowOneLoadErrorBoxAndTheRestStillLoads) {
     expected.ColorRelayGroup[1] = before.ColorRelayGroup[1];
     expected.Board[0].BaseAddress = before.Board[0].BaseAddress;
     EXPECT_EQ(Persisted(m), Persisted(expected));
-}
-
-// A text becomes empty; a number keeps its earlier content and is also told as a load error.
-TEST_F(Configuration, AbsentValuesAreToldByTheLayerAndNumbersAlsoAsALoadError) {
-    for (std::string_view name : {"ChipSetType1", "BaseAddress1", "LogFileName", "RunNoBoards"}) {
-        SCOPED_TRACE(name);
-        StoreFull();
-        ASSERT_EQ(temp.store().DeleteValue(HKEY_LOCAL_MACHINE, kKey, std::string(name)),
-                  StoreStatus::Ok);
-        m = stored_;
-        m.Board[0].BaseAddress = 5;
-        m.Board[0].ChipSetType = m.LogFileName = "before";
-        m.RunNoBoards = True;
-        Load();
-        const std::string missing = "Could not read Key\r\nkey=" + std::string(name);
-        std::vector<std::string> prompts = {missing};
-        if (name == "BaseAddress1" || name == "RunNoBoards") prompts.push_back(kLoadError);
-        EXPECT_EQ(t.messages.Prompts(), prompts);
-        EXPECT_EQ(m.Board[0].ChipSetType, name == "ChipSetType1" ? "" : "PCL-725");
-        EXPECT_EQ(m.Board[0].BaseAddress, name == "BaseAddress1" ? 5 : 0x220);
-        EXPECT_EQ(m.LogFileName, name == "LogFileName" ? "" : "relays.log");
-        EXPECT_EQ(m.RunNoBoards, name == "RunNoBoards" ? True : False);
-    }
 }
 
 TEST_F(Configuration, StoredFlagsCompareAsNumbers) {

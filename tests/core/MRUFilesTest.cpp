@@ -72,25 +72,6 @@ TEST(MRUFiles, AddsGoToTheTopOnceWhateverTheCaseAndTheOldestFallsOff) {
     EXPECT_EQ(m.Count(), 0);
 }
 
-TEST(MRUFiles, ALoweredCapacityTrimsOneNameAtATime) {
-    MemorySettings settings;
-    clsMRUmostRecentlyUsedFiles m(settings);
-    for (const char* name : {"1", "2", "3", "4", "5"})
-        m.Add(name);
-    m.SetNumber(3);
-    EXPECT_EQ(m.Count(), 5);  // nothing trimmed yet
-    // A new name pushes one out: the count stays above the capacity.
-    m.Add("6");
-    EXPECT_EQ(Items(m), (Names{"6", "5", "4", "3", "2"}));
-    // A name already there comes to the top and the list loses one more each time.
-    m.Add("4");
-    EXPECT_EQ(Items(m), (Names{"4", "6", "5", "3"}));
-    m.Add("5");
-    EXPECT_EQ(Items(m), (Names{"5", "4", "6"}));
-    m.Add("7");
-    EXPECT_EQ(Items(m), (Names{"7", "5", "4"}));
-}
-
 TEST(MRUFiles, TheListIsKeptAcrossARestart) {
     MemorySettings settings;
     {
@@ -118,25 +99,6 @@ TEST(MRUFiles, TheListIsKeptAcrossARestart) {
     next.Clear();
     next.Save();
     EXPECT_TRUE(settings.GetAllSettings("Vantrellion", "colMRUFiles").empty());
-}
-
-TEST(MRUFiles, UpdateShowsTheListOnTheMenuArray) {
-    MemorySettings settings;
-    clsMRUmostRecentlyUsedFiles m(settings);
-    RecordingMenu menu(6);
-    m.Update(menu);
-    EXPECT_EQ(menu.visible, (std::vector<bool>{false, false, false, false, false, false}));
-
-    m.Add("/a.run");
-    m.Add("/b.run");
-    m.Update(menu);
-    EXPECT_EQ(menu.visible, (std::vector<bool>{true, true, true, false, false, false}));
-    EXPECT_EQ(menu.caption[1], "/b.run");
-    EXPECT_EQ(menu.caption[2], "/a.run");
-
-    RecordingMenu shortMenu(2);  // fewer entries than the capacity: no failure
-    m.Update(shortMenu);
-    EXPECT_EQ(shortMenu.visible, (std::vector<bool>{true, true}));
 }
 
 }  // namespace

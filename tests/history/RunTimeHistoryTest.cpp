@@ -148,55 +148,5 @@ TEST_F(RunTimeHistoryTest, AClockSetBackSkipsTheRepeatedLines) {
     EXPECT_EQ(h.Days[0].RelayOnSeconds[7], 86400);
 }
 
-TEST_F(RunTimeHistoryTest, PartialFirstAndLastDays) {
-    // Logging began at 10:00 on the first day; the last day is today, read at 12:00:30.
-    WriteDay(dir, d1, StateLines(At(10, 0), 86400, Pattern));
-    WriteDay(dir, d2, StateLines(0, At(12, 1), Pattern));
-    const RunTimeHistory h = ReadDays(dir, d1, d2, d2 + At(12, 0, 30));
-    EXPECT_EQ(h.Range.To, d2 + At(12, 0, 30));
-    EXPECT_EQ(h.Days[0].GapSeconds, 10 * 3600);
-    EXPECT_EQ(h.Days[0].RelayOnSeconds[0], 5 * 3600);
-    EXPECT_EQ(h.Days[1].GapSeconds, 0);  // nothing after now is missing
-    EXPECT_EQ(h.Days[1].KnownSeconds, At(12, 0, 30));
-    EXPECT_EQ(h.Days[1].RelayOnSeconds[0], 4 * 3600 + 30);
-}
-
-TEST_F(RunTimeHistoryTest, TheDayBeforeTheRangeGivesTheStatesAtTheFirstMidnight) {
-    WriteDay(dir, d1, StateLines(At(23, 0), 86400, Pattern));
-    // The first line of day 2 comes a second after midnight.
-    WriteDay(dir, d2, StateLines(At(0, 0, 1), At(1, 0), Pattern));
-    const RunTimeHistory h = ReadDays(dir, d2, d2);
-    EXPECT_EQ(h.Days[0].Start, d2);
-    EXPECT_EQ(h.Gaps.front().From, d2 + At(1, 0, 1));
-    EXPECT_EQ(h.Days[0].KnownSeconds, At(1, 0, 1));
-    EXPECT_EQ(h.Counts.StateLines, 60);  // the day before is read, not counted
-}
-
-TEST_F(RunTimeHistoryTest, UnreadableAndOddFilesAreMissingDaysNeverAHang) {
-    // A directory, a pipe without a writer and an unreadable file by the names of days.
-    ASSERT_EQ(::mkdir(dir.File(LogFileNameOfDay(d1)).c_str(), 0755), 0);
-    ASSERT_EQ(::mkfifo(dir.File(LogFileNameOfDay(d2)).c_str(), 0644), 0);
-    WriteDay(dir, d3, FullDay());
-    ::chmod(dir.File(LogFileNameOfDay(d3)).c_str(), 0);
-    const bool root = ::geteuid() == 0;
-    const RunTimeHistory h = ReadDays(dir, d1, d3);
-    EXPECT_FALSE(h.Days[0].FileFound);
-    EXPECT_FALSE(h.Days[1].FileFound);
-    EXPECT_EQ(h.Days[2].FileFound, root);
-    EXPECT_EQ(h.Days[0].GapSeconds, 86400);
-}
-
-TEST_F(RunTimeHistoryTest, ALastLineWithoutItsLineEndCountsWhenWholeAndLFOnlyFilesRead) {
-    std::string day;
-    for (int m = 0; m < 10; ++m)
-        day += StateLine(At(5, m), 0x02, 0) + "\n";
-    WriteDay(dir, d1, day + StateLine(At(5, 10), 0x02, 0));
-    WriteDay(dir, d2, day + "05:10:00 <- 2 - -");
-    const RunTimeHistory h = ReadDays(dir, d1, d2);
-    EXPECT_EQ(h.Days[0].RelayOnSeconds[1], 11 * 60);
-    EXPECT_EQ(h.Days[1].RelayOnSeconds[1], 10 * 60);
-    EXPECT_EQ(h.Counts.DamagedLines, 1);
-}
-
 }  // namespace
 }  // namespace vantrellion::test

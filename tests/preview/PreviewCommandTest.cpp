@@ -55,59 +55,6 @@ struct CommandFixture {
     }
 };
 
-TEST(PreviewCommand, RefusesBadArgumentsAndUnreadableFiles) {
-    CommandFixture f;
-    const std::string good = f.SaveSchedule();
-    f.dir.Write("damaged.run", "FV.1999.01.01\r\n");
-    struct Case {
-        std::vector<std::string> args;
-        int status;
-        std::string message;  // the first line of the error output
-    };
-    const std::vector<Case> cases = {
-        {{}, PreviewExitUsage, "vantrellion-preview: no Run File given"},
-        {{good, "--from", "2026-11-31 00:00:00"},
-         PreviewExitUsage,
-         "vantrellion-preview: bad date \"2026-11-31 00:00:00\" for --from: give "
-         "\"YYYY-MM-DD HH:MM:SS\""},
-        {{good, "--from", "tomorrow"},
-         PreviewExitUsage,
-         "vantrellion-preview: bad date \"tomorrow\" for --from: give \"YYYY-MM-DD HH:MM:SS\""},
-        {{good, "--days"}, PreviewExitUsage, "vantrellion-preview: option --days needs a value"},
-        {{good, "--days", "0"},
-         PreviewExitUsage,
-         "vantrellion-preview: bad number of days \"0\": give 1 to 3660"},
-        {{good, "--days", "7x"},
-         PreviewExitUsage,
-         "vantrellion-preview: bad number of days \"7x\": give 1 to 3660"},
-        {{good, "--weeks", "2"}, PreviewExitUsage, "vantrellion-preview: unknown option --weeks"},
-        {{good, good},
-         PreviewExitUsage,
-         "vantrellion-preview: only one Run File can be previewed, \"" + good + "\" is a second"},
-        {{f.dir.File("missing.run")},
-         PreviewExitFileError,
-         "vantrellion-preview: cannot read \"" + f.dir.File("missing.run") + "\": no such file"},
-        {{f.dir.Path()},
-         PreviewExitFileError,
-         "vantrellion-preview: cannot read \"" + f.dir.Path() + "\": no such file"},
-        {{f.dir.File("damaged.run")},
-         PreviewExitFileError,
-         "vantrellion-preview: Select a Current File: File Load Version Error"},
-    };
-    for (const Case& c : cases) {
-        const Outcome o = f.Run(c.args);
-        EXPECT_EQ(o.status, c.status) << c.message;
-        EXPECT_EQ(o.err.substr(0, o.err.find('\n')), c.message);
-        EXPECT_EQ(o.out, "") << c.message;
-    }
-    // A usage error shows how to call the program; so does --help, on the output.
-    EXPECT_NE(f.Run({}).err.find("usage: vantrellion-preview RUNFILE"), std::string::npos);
-    const Outcome help = f.Run({"--help"});
-    EXPECT_EQ(help.status, PreviewExitOk);
-    EXPECT_EQ(help.out.rfind("usage: vantrellion-preview RUNFILE", 0), 0u);
-    EXPECT_EQ(f.pictures.size(), 0u);
-}
-
 TEST(PreviewCommand, PrintsOnTimesAndWritesEveryOutputWithNamesFromTheStore) {
     CommandFixture f;
     const std::string runFile = f.SaveSchedule();
