@@ -70,33 +70,6 @@ TEST_F(ConfigurationCommands, AChangedAddressSetsTheBoardUpAndZeroAlwaysCountsAs
     EXPECT_TRUE(t.ports.Writes().empty());
 }
 
-// Leaving the screens with No or Cancel Changes reloads the store, and a Save fills an empty
-// name with its default; neither may make the title or File > Save name another file.
-TEST_F(ConfigurationCommands, TheScheduleKeepsItsOwnFileAcrossTheScreens) {
-    struct Case {
-        const char* route;
-        std::string path, name;  // the schedule on screen
-        std::function<void()> leave;
-    } cases[] = {
-        {"No (reload), new schedule", "/data/", "", [&] { ConfigurationLoadFromReg(s); }},
-        {"No (reload), other file", "/data/", "mine.run", [&] { ConfigurationLoadFromReg(s); }},
-        {"Save, new schedule", "", "", [&] { ConfigurationSaveToReg(s); }},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.route);
-        s.modRelay.DataFilePath = "/stored/";
-        s.modRelay.DataFileName = "stored.run";
-        ConfigurationSaveToReg(s);
-        s.modRelay.DataFilePath = c.path;
-        s.modRelay.DataFileName = c.name;
-        screens.onShow = c.leave;
-        mnuFileConfiguration(s, screens);
-        EXPECT_EQ(s.modRelay.DataFilePath, c.path);
-        EXPECT_EQ(s.modRelay.DataFileName, c.name);
-        EXPECT_EQ(t.screen.title, c.name.empty() ? "New" : c.path + c.name);
-    }
-}
-
 TEST_F(ConfigurationCommands, RemovalAsksAndEitherAnswerGivesTheTickBack) {
     ConfigurationSaveToReg(s);
     for (Answer answer : {Answer::Cancel, Answer::OK}) {

@@ -93,31 +93,6 @@ TEST(KeyValueStore, DeletesAKeyWithItsValuesButNotOneWithSubkeys) {
     EXPECT_EQ(store.QueryValue(kMachine, "A\\B", "w", v), StoreStatus::ValueNotFound);
 }
 
-// Each connection sees the other's latest write at once, and a later one (a restart) finds all,
-// a text with a NUL included, in a file kept in WAL mode.
-TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
-    TempDir dir;
-    const std::string file = dir.Path() + "sub/dir/store.db";  // the folder is made on need
-    {
-        KeyValueStore first(file, 2000), second(file, 2000);
-        for (int i = 0; i < 100; ++i) {
-            const std::string n = std::to_string(i);
-            ASSERT_EQ(Set(first, "\\SOFTWARE\\Shared\\", "a" + n, n), StoreStatus::Ok);
-            ASSERT_EQ(Set(second, "SOFTWARE\\shared", "b" + n, "-" + n), StoreStatus::Ok);
-            EXPECT_EQ(ReadText(first, "SOFTWARE\\Shared", "b" + n), "-" + n);
-        }
-        ASSERT_EQ(Set(second, "K", "t", std::string("a\0b", 3)), StoreStatus::Ok);
-        EXPECT_TRUE(first.TakeNotices().empty());
-    }
-    KeyValueStore reader(file);
-    EXPECT_FALSE(reader.InMemory());
-    EXPECT_EQ(Names(reader, "SOFTWARE\\Shared").size(), 200u);
-    EXPECT_EQ(ReadText(reader, "SOFTWARE\\Shared", "a99"), "99");
-    EXPECT_EQ(ReadText(reader, "SOFTWARE\\Shared", "b99"), "-99");
-    EXPECT_EQ(ReadText(reader, "K", "t"), std::string("a\0b", 3));
-    EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
-}
-
 // A file that is not a store is told once, by name, left untouched, and an empty store in
 // memory serves the run.
 TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
@@ -193,24 +168,6 @@ TEST(KeyValueStore, ALockedStoreFailsAndIsToldOnce) {
     EXPECT_EQ(Set(store, "K", "after", "3"), StoreStatus::Ok);
     EXPECT_EQ(ReadText(store, "K", "after"), "3");
     EXPECT_TRUE(store.TakeNotices().empty());
-}
-
-TEST(KeyValueStore, AReadOnlyFileIsReadAndRefusesWrites) {
-    if (geteuid() == 0) GTEST_SKIP() << "file permissions do not bind the superuser";
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    {
-        KeyValueStore store(file);
-        ASSERT_EQ(Set(store, "K", "v", "1"), StoreStatus::Ok);
-    }
-    ASSERT_EQ(chmod(file.c_str(), 0444), 0);
-    KeyValueStore store(file);
-    EXPECT_EQ(Set(store, "K", "v", "2"), StoreStatus::Failed);
-    EXPECT_EQ(Set(store, "K", "w", "2"), StoreStatus::Failed);
-    const auto notices = store.TakeNotices();
-    ASSERT_EQ(notices.size(), 1u);
-    EXPECT_NE(notices[0].find("read-only"), std::string::npos);
-    EXPECT_EQ(ReadText(store, "K", "v"), "1");
 }
 
 }  // namespace

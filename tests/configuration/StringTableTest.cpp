@@ -24,18 +24,5 @@ TEST(StringTable, ColoursInBothLiteralForms) {
         EXPECT_THROW(ParseColorLiteral(bad), FatalError) << bad;
 }
 
-TEST(StringTable, ListItemsDelimitersAndTheWholeTableInOrder) {
-    EXPECT_EQ(StringTableListItem(501, 3), "30A");
-    EXPECT_EQ(StringTableListItem(501, 4), "");
-    EXPECT_EQ(StringTableText(DelimiterId(StringId::StatusColorToolTipsFirst)),
-              "Select Bachground Color for Relay Name");
-    EXPECT_FALSE(StringTableFind(305).has_value());
-    EXPECT_EQ(StringTableText(305), "");
-    const auto ids = StringTableIds();
-    EXPECT_TRUE(std::is_sorted(ids.begin(), ids.end()));  // looked up by binary search
-    EXPECT_EQ(ids.front(), 101);
-    EXPECT_EQ(ids.back(), 22000);
-}
-
 }  // namespace
 }  // namespace vantrellion

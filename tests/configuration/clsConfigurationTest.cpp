@@ -110,55 +110,6 @@ TEST_F(Configuration, ASaveLoadsBackAsItWasAndWritesTextForBoardOneOnly) {
     EXPECT_EQ(ConfigurationLoadInstallName(s), ProgramName());
 }
 
-TEST_F(Configuration, TheStoredShapeBoundsTheGroupsAndOtherBoardsAreLeftAlone) {
-    Put("BaseAddress2", "999");
-    Put("Brd2RNam1", "Other");
-    for (const auto& [version, groupsLoaded] :
-         {std::pair{"FV.2001.05.01|.b0.r3.t5", 4}, std::pair{"FV.2001.05.01|.b3.r7.t5", 8},
-          std::pair{"FV.2001.05.01|.b0.r9.t5", 8}}) {
-        SCOPED_TRACE(version);
-        Put("ConfigVersion", version);
-        m.ColorRelayGroup.fill(-1);
-        m.Board[1].BaseAddress = 42;
-        m.Board[1].RelayName[0] = "untouched";
-        Load(version);
-        EXPECT_TRUE(t.messages.shown.empty());
-        EXPECT_EQ(m.FileVersion, version);
-        for (int g = 0; g < 8; ++g)
-            EXPECT_EQ(m.ColorRelayGroup[g], g < groupsLoaded ? 100 + g : -1) << g;
-        EXPECT_EQ(m.Board[0].RelayName, stored_.Board[0].RelayName);  // always all eight
-        EXPECT_EQ(m.Board[0].BaseAddress, 0x220);
-        EXPECT_EQ(m.Board[1].BaseAddress, 42);
-        EXPECT_EQ(m.Board[1].RelayName[0], "untouched");
-    }
-    // Other boards' values are never read nor written: a save leaves them in the key.
-    ConfigurationSaveToReg(s);
-    EXPECT_EQ(Stored("BaseAddress2"), "999");
-    EXPECT_EQ(Stored("Brd2RNam1"), "Other");
-}
-
-TEST_F(Configuration, SeveralBadValuesShowOneLoadErrorBoxAndTheRestStillLoads) {
-    Put("ColorRelayON", "green");
-    Put("ColorTimeOFF", "&HZZ");
-    Put("ColorRelayGroup2", "12x");
-    Put("BaseAddress1", "70000");
-    const ModRelay before = m;
-    Load();
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    const auto& box = t.messages.shown[0];
-    EXPECT_EQ(box.Prompt, kLoadError);
-    EXPECT_EQ(box.Title, "Load Configuration Error ");
-    EXPECT_EQ(box.BoxIcon, Icon::Exclamation);
-    EXPECT_EQ(box.ButtonSet, Buttons::OK);
-    // The failed values keep their earlier contents; everything after them is loaded.
-    ModRelay expected = stored_;
-    expected.ColorRelayON = before.ColorRelayON;
-    expected.ColorTimeOFF = before.ColorTimeOFF;
-    expected.ColorRelayGroup[1] = before.ColorRelayGroup[1];
-    expected.Board[0].BaseAddress = before.Board[0].BaseAddress;
-    EXPECT_EQ(Persisted(m), Persisted(expected));
-}
-
 TEST_F(Configuration, StoredFlagsCompareAsNumbers) {
     constexpr Flag kUnchanged = 5;
     const std::tuple<const char*, Flag, bool> cases[] = {

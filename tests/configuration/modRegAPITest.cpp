@@ -31,47 +31,6 @@ class RegApi : public ::testing::Test {
     }
 };
 
-TEST_F(RegApi, ReadsTellMissingKeysAndValuesBySentinelOrBox) {
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFileName", "day.log");
-    StoredValue odd;
-    odd.Type = 3;  // a type the layer does not read
-    odd.Kind = StoredValue::Data::Text;
-    odd.Text = "xx";
-    temp.store().SetValue(HKEY_LOCAL_MACHINE, kKey, "Binary", odd);
-    ASSERT_TRUE(t.messages.shown.empty());
-
-    const std::string kNoValue = "Could not read Key\r\nkey=";
-    struct Case {
-        const char *key, *name;
-        const char* sentinelResult;
-        std::vector<std::string> sentinelBoxes, messageBoxes;  // a box there: the result is ""
-    };
-    // Texts are UTF-8; one stored as Latin-1 bytes (by an earlier version) reads as Latin-1.
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "DataFilePath",
-                  "/home/ann/\xD0\x9D\xD0\xB0\xE2\x82\xAC/");
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFilePath", "/home/ann/Caf\xE9/");
-    const Case cases[] = {
-        {kKey, "DataFilePath", "/home/ann/\xD0\x9D\xD0\xB0\xE2\x82\xAC/", {}, {}},
-        {kKey, "LogFilePath", "/home/ann/Caf\xC3\xA9/", {}, {}},
-        {"SOFTWARE\\Vantrellion\\Nothing", "A", "REGKEYNOTFOUND", {}, {"Could not open key"}},
-        {kKey, "Missing", "VALUENAMENOTFOUND", {}, {kNoValue + "Missing"}},
-        {kKey, "LogFileName", "day.log", {}, {}},
-        {"software\\vantrellion\\config\\", "LOGFILENAME", "day.log", {}, {}},
-        {kKey, "Binary", "", {kNoValue + "Binary"}, {kNoValue + "Binary"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.key) + " " + c.name);
-        t.messages.shown.clear();
-        EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, c.key, c.name), c.sentinelResult);
-        EXPECT_EQ(Prompts(), c.sentinelBoxes);
-        t.messages.shown.clear();
-        EXPECT_EQ(RegReadWithMessages(s, HKEY_LOCAL_MACHINE, c.key, c.name),
-                  c.messageBoxes.empty() ? c.sentinelResult : "");
-        EXPECT_EQ(Prompts(), c.messageBoxes);
-        ExpectLayerBoxes();
-    }
-}
-
 TEST_F(RegApi, NumbersAreStoredAsRounded32BitValues) {
     const std::pair<const char*, const char*> cases[] = {
         {"5", " 5"},

@@ -73,40 +73,5 @@ TEST_F(FormCoOrdsTest, ADamagedStoredTextChangesOnlyWhatIsANumber) {
     EXPECT_TRUE(t.messages.shown.empty());
 }
 
-TEST_F(FormCoOrdsTest, AMinimisedOrMaximisedWindowKeepsThePlaceStoredBefore) {
-    Store("frmRelay", "1,2,3,4");
-    for (WindowState state : {WindowState::Minimized, WindowState::Maximized}) {
-        w.state = state;
-        w.left = 999;
-        SaveFormPosition(t.s, w);
-        SetFormCurrPosition(t.s, w);
-        FormCoOrdsGeneral(t.s, w, "set", HKEY_LOCAL_MACHINE, "SOFTWARE\\Vantrellion", "Startup",
-                          "");
-        EXPECT_EQ(Stored("frmRelay"), "1,2,3,4");
-        RestoreFormPosition(t.s, w);
-        EXPECT_EQ(w.left, 999);
-    }
-}
-
-TEST_F(FormCoOrdsTest, StoreFailuresAreSilentAndFallBackToTheDefault) {
-    // No store at all, and a value of another type: the default, and no box either way.
-    TestSystem bare;
-    w.name = "frmAbout";
-    RestoreFormPosition(bare.s, w);
-    SaveFormPosition(bare.s, w);
-    EXPECT_EQ(w.left, 6600);
-    EXPECT_TRUE(bare.messages.shown.empty());
-
-    StoredValue number;
-    number.Type = RegTypeNumber;
-    number.Kind = StoredValue::Data::Integer;
-    number.Integer = 5;
-    store.store().SetValue(HKEY_LOCAL_MACHINE, kStartup, "frmAbout", number);
-    w.left = 0;
-    RestoreFormPosition(t.s, w);
-    EXPECT_EQ(w.left, 6600);
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
 }  // namespace
 }  // namespace vantrellion::test

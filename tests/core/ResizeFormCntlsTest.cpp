@@ -68,17 +68,6 @@ TEST_F(ResizeTest, ControlsLandWhereTheRecordedGeometrySaysAtEachScale) {
     ExpectAt(*plain, 810, 300, 285, 270, "back at design");
 }
 
-TEST_F(ResizeTest, ManyResizesLeaveNoDrift) {
-    std::vector<std::map<Geometry, double>> design;
-    for (const auto& c : w.controls)
-        design.push_back(c->value);
-    for (int n = 0; n < 100; ++n)
-        ResizeTo(1.0 + (n % 7) * 0.137);
-    ResizeTo(1.0);
-    for (size_t n = 0; n < design.size(); ++n)
-        EXPECT_EQ(w.controls[n]->value, design[n]) << "control " << n;
-}
-
 TEST_F(ResizeTest, FirstCallOnlyRecordsAndAMinimisedWindowIsLeftAlone) {
     clsResizeFormCntls fresh;
     fresh.SetSourceForm(&w);

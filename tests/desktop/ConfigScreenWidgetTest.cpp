@@ -9,9 +9,7 @@
 #include <memory>
 
 #include "configuration/clsConfiguration.h"
-#include "configuration/modRegAPI.h"
 #include "desktop/ConfigScreenWindow.h"
-#include "desktop/QtConvert.h"
 #include "support/Fakes.h"
 #include "support/TempStore.h"
 
@@ -61,13 +59,6 @@ class ConfigScreenWidgetTest : public ::testing::Test {
         if (auto* e = qobject_cast<QLineEdit*>(x)) e->selectAll();
         QTest::keyClicks(x, text);
         QTest::keyClick(x, Qt::Key_Tab);
-    }
-    // Clicks a check box on its box, where a click toggles it.
-    static void ClickBox(QCheckBox* box) {
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
-    }
-    std::string Stored(const std::string& name) {
-        return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
     }
 };
 

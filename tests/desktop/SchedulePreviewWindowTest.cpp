@@ -59,21 +59,6 @@ TEST_F(SchedulePreviewWindowTest, ShowsTheScheduleWarningsAndSwitchTimesWithoutS
     ASSERT_GE(win->warnings->count(), 1);
     EXPECT_TRUE(win->warnings->item(0)->text().contains("never switches on"));
 
-    // Hovering the pump's lane at 08:30 on the first day names its switch times.
-    const TimelineLayout l = win->timeline->Layout();
-    const LocalSeconds at = ToLocalSeconds({2026, 11, 16, 8, 30, 0, 2});
-    const QString tip = win->timeline->ToolTipAt({l.XOf(at), l.LaneRect(0).center().y()});
-    EXPECT_TRUE(tip.contains("on  2026-11-16 08:00:01   off 2026-11-16 09:00:00"))
-        << tip.toStdString();
-
-    // One day from a chosen date.
-    win->fromDate->setChecked(true);
-    win->date->setDateTime(QDateTime(QDate(2026, 12, 1), QTime(0, 0)));
-    win->span->setCurrentIndex(0);
-    WaitUntilDone(win);
-    EXPECT_EQ(PreviewTimeText(win->Result()->Range.From), "2026-12-01 00:00:00");
-    EXPECT_EQ(win->Result()->Evaluations, 86400);
-
     // A second click on the entry brings the same window back.
     w->Menu("mnuToolSchedulePreview")->trigger();
     EXPECT_EQ(w->findChildren<SchedulePreviewWindow*>().size(), 1);

@@ -122,31 +122,5 @@ TEST_F(RunTimeHistoryTest, AMissingDayAndACrashAreGapsAndTheOtherTotalsStand) {
     EXPECT_EQ(h.Gaps[1].To, d3 + At(10, 31));
 }
 
-TEST_F(RunTimeHistoryTest, LinesAMinuteApartWithJitterLeaveNoGapAndALongPauseDoes) {
-    // The first tick of a minute comes at its second 0 or 1; lines may also be 59 or 61
-    // seconds apart. A pause of the tick for five minutes leaves a gap of four.
-    std::string day;
-    for (int m = 0; m < 60; ++m)
-        day += StateLine(At(6, m, m % 2), 0x01, 0) + "\r\n";
-    day += StateLine(At(7, 4, 0), 0x01, 0) + "\r\n";
-    WriteDay(dir, d1, day);
-    const RunTimeHistory h = ReadDays(dir, d1, d1);
-    ASSERT_EQ(h.Gaps.size(), 3u);
-    EXPECT_EQ(h.Gaps[0].To, d1 + At(6, 0));
-    EXPECT_EQ(h.Gaps[1].From, d1 + At(7, 0, 1));  // the 06:59:01 line holds 60 seconds
-    EXPECT_EQ(h.Gaps[1].To, d1 + At(7, 4));
-    EXPECT_EQ(h.Gaps[2].From, d1 + At(7, 5));
-    EXPECT_EQ(h.Days[0].RelayOnSeconds[0], 3601 + 60);
-}
-
-TEST_F(RunTimeHistoryTest, AClockSetBackSkipsTheRepeatedLines) {
-    // The clock goes back an hour at 03:00: the lines from 02:00 to 02:59 come twice.
-    WriteDay(dir, d1, StateLines(0, At(3, 0), Pattern) + StateLines(At(2, 0), 86400, Pattern));
-    const RunTimeHistory h = ReadDays(dir, d1, d1);
-    EXPECT_EQ(h.Counts.OutOfOrderLines, 60);
-    EXPECT_EQ(h.Days[0].KnownSeconds, 86400);
-    EXPECT_EQ(h.Days[0].RelayOnSeconds[7], 86400);
-}
-
 }  // namespace
 }  // namespace vantrellion::test
