@@ -1,5 +1,5 @@
-// The command line: refusals with their messages and exit status, and a run that reads names
-// and colours from the store and writes every output asked for.
+// The command line: a run that reads names and colours from the store and writes every output
+// asked for.
 #include <gtest/gtest.h>
 
 #include <sstream>
