@@ -50,25 +50,6 @@ class ConfigurationCommands : public ::testing::Test {
     }
 };
 
-TEST_F(ConfigurationCommands, TheDisplaySizeChoosesTheScreens) {
-    struct Case {
-        int height, width;
-        std::vector<std::string> shown;
-    };
-    const Case cases[] = {
-        {8999, 11999, {"frmConfigBoards", "frmConfigColors"}},
-        {8999, 12000, {"frmConfiguration"}},
-        {9000, 11999, {"frmConfiguration"}},
-    };
-    for (const Case& c : cases) {
-        screens.shown.clear();
-        screens.height = c.height;
-        screens.width = c.width;
-        mnuFileConfiguration(s, screens);
-        EXPECT_EQ(screens.shown, c.shown) << c.height << "x" << c.width;
-    }
-}
-
 // (The widget test of the menu shows a name change leaving the ports alone, and a base address
 // change setting the board up.)
 TEST_F(ConfigurationCommands, AChangedAddressSetsTheBoardUpAndZeroAlwaysCountsAsChanged) {
@@ -87,52 +68,6 @@ TEST_F(ConfigurationCommands, AChangedAddressSetsTheBoardUpAndZeroAlwaysCountsAs
     s.modRelay.RunNoBoards = True;  // emulation: the set-up touches nothing
     mnuFileConfiguration(s, screens);
     EXPECT_TRUE(t.ports.Writes().empty());
-}
-
-TEST_F(ConfigurationCommands, AfterTheScreensTheMainScreenTakesColoursTitleAndTick) {
-    screens.onShow = [&] {
-        s.modRelay.ColorNameBkgrnd = 0x111111;
-        s.modRelay.ColorTTimeBkgrnd = 0x222222;
-        s.modRelay.ColorRelayGroup[5] = 0x333333;
-        board.BaseAddress = 0;  // no board address left: emulation
-    };
-    mnuFileConfiguration(s, screens);
-    EXPECT_EQ(screens.repaints, 1);
-    EXPECT_EQ((t.screen.back[{Control::txtDisplayName, 7}]), 0x111111);
-    EXPECT_EQ((t.screen.back[{Control::lblTotalTime, 0}]), 0x222222);
-    EXPECT_EQ((t.screen.back[{Control::fraRelayGroup, 5}]), 0x333333);
-    EXPECT_EQ(s.modRelay.RunNoBoards, True);
-    EXPECT_EQ((t.screen.text[{Control::mnuDisplayAddress, 0}]),
-              "Currently Running in Emulation Mode");
-    EXPECT_TRUE(t.timer.enabled);
-    EXPECT_EQ(s.frmRelay.Relay[0].DisplayName, "Relay 1") << "the schedule is not touched";
-}
-
-// Leaving the screens with No or Cancel Changes reloads the store, and a Save fills an empty
-// name with its default; neither may make the title or File > Save name another file.
-TEST_F(ConfigurationCommands, TheScheduleKeepsItsOwnFileAcrossTheScreens) {
-    struct Case {
-        const char* route;
-        std::string path, name;  // the schedule on screen
-        std::function<void()> leave;
-    } cases[] = {
-        {"No (reload), new schedule", "/data/", "", [&] { ConfigurationLoadFromReg(s); }},
-        {"No (reload), other file", "/data/", "mine.run", [&] { ConfigurationLoadFromReg(s); }},
-        {"Save, new schedule", "", "", [&] { ConfigurationSaveToReg(s); }},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.route);
-        s.modRelay.DataFilePath = "/stored/";
-        s.modRelay.DataFileName = "stored.run";
-        ConfigurationSaveToReg(s);
-        s.modRelay.DataFilePath = c.path;
-        s.modRelay.DataFileName = c.name;
-        screens.onShow = c.leave;
-        mnuFileConfiguration(s, screens);
-        EXPECT_EQ(s.modRelay.DataFilePath, c.path);
-        EXPECT_EQ(s.modRelay.DataFileName, c.name);
-        EXPECT_EQ(t.screen.title, c.name.empty() ? "New" : c.path + c.name);
-    }
 }
 
 TEST_F(ConfigurationCommands, RemovalAsksAndEitherAnswerGivesTheTickBack) {
@@ -158,18 +93,6 @@ TEST_F(ConfigurationCommands, RemovalAsksAndEitherAnswerGivesTheTickBack) {
         EXPECT_EQ(ConfigurationLoadVersionFromReg(s) == REGKEYNOTFOUND, answer == Answer::OK);
     }
     EXPECT_EQ(board.BaseAddress, 0x300) << "the running program keeps its configuration";
-}
-
-TEST(LogFilePathChoice, TheChosenDirectoryAlwaysEndsInASeparator) {
-    TestSystem t;
-    t.s.modRelay.LogFilePath = "";
-    EXPECT_EQ(LogFilePathStartDirectory(t.s), test::kDocuments);
-    for (const auto& [chosen, stored] : {std::pair{"/var/log", "/var/log/"}, std::pair{"/", "/"},
-                                         std::pair{"", "/"}}) {  // empty: nothing changes
-        SelectLogFilePath(t.s, chosen);
-        EXPECT_EQ(t.s.modRelay.LogFilePath, stored);
-        EXPECT_EQ(LogFilePathStartDirectory(t.s), stored);
-    }
 }
 
 }  // namespace

@@ -93,62 +93,6 @@ TEST(KeyValueStore, DeletesAKeyWithItsValuesButNotOneWithSubkeys) {
     EXPECT_EQ(store.QueryValue(kMachine, "A\\B", "w", v), StoreStatus::ValueNotFound);
 }
 
-// Each connection sees the other's latest write at once, and a later one (a restart) finds all,
-// a text with a NUL included, in a file kept in WAL mode.
-TEST(KeyValueStore, TwoConnectionsWritingInTurnLoseNothing) {
-    TempDir dir;
-    const std::string file = dir.Path() + "sub/dir/store.db";  // the folder is made on need
-    {
-        KeyValueStore first(file, 2000), second(file, 2000);
-        for (int i = 0; i < 100; ++i) {
-            const std::string n = std::to_string(i);
-            ASSERT_EQ(Set(first, "\\SOFTWARE\\Shared\\", "a" + n, n), StoreStatus::Ok);
-            ASSERT_EQ(Set(second, "SOFTWARE\\shared", "b" + n, "-" + n), StoreStatus::Ok);
-            EXPECT_EQ(ReadText(first, "SOFTWARE\\Shared", "b" + n), "-" + n);
-        }
-        ASSERT_EQ(Set(second, "K", "t", std::string("a\0b", 3)), StoreStatus::Ok);
-        EXPECT_TRUE(first.TakeNotices().empty());
-    }
-    KeyValueStore reader(file);
-    EXPECT_FALSE(reader.InMemory());
-    EXPECT_EQ(Names(reader, "SOFTWARE\\Shared").size(), 200u);
-    EXPECT_EQ(ReadText(reader, "SOFTWARE\\Shared", "a99"), "99");
-    EXPECT_EQ(ReadText(reader, "SOFTWARE\\Shared", "b99"), "-99");
-    EXPECT_EQ(ReadText(reader, "K", "t"), std::string("a\0b", 3));
-    EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
-}
-
-// Between uses the store lets its file go; the next use opens it again and finds what was
-// written meanwhile, by itself or by another program. A store held in memory keeps its values.
-TEST(KeyValueStore, ReleasedBetweenUsesAndOpenedAgainAtTheNext) {
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    KeyValueStore store(file);
-    ASSERT_EQ(Set(store, kConfig, "a", "1"), StoreStatus::Ok);
-    ASSERT_TRUE(std::filesystem::exists(file + "-wal"));
-    store.ReleaseFile();
-    EXPECT_FALSE(std::filesystem::exists(file + "-wal"));  // the last connection is closed
-    {
-        KeyValueStore other(file);
-        ASSERT_EQ(Set(other, kConfig, "b", "2"), StoreStatus::Ok);
-    }
-    EXPECT_EQ(ReadText(store, kConfig, "a"), "1");
-    EXPECT_EQ(ReadText(store, kConfig, "b"), "2");
-    ASSERT_EQ(Set(store, kConfig, "a", "3"), StoreStatus::Ok);
-    store.ReleaseFile();
-    store.ReleaseFile();
-    EXPECT_EQ(RawQuery(file, "SELECT data FROM \"values\" WHERE name = 'a'"), "3");
-    EXPECT_TRUE(store.TakeNotices().empty());
-
-    const std::string damaged = dir.Path() + "damaged.db";
-    std::ofstream(damaged, std::ios::binary) << std::string(5000, '\x5a');
-    KeyValueStore memory(damaged);
-    ASSERT_EQ(Set(memory, kConfig, "kept", "yes"), StoreStatus::Ok);
-    ASSERT_TRUE(memory.InMemory());
-    memory.ReleaseFile();
-    EXPECT_EQ(ReadText(memory, kConfig, "kept"), "yes");
-}
-
 // A file that is not a store is told once, by name, left untouched, and an empty store in
 // memory serves the run.
 TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
@@ -199,52 +143,6 @@ TEST(KeyValueStore, DamagedFileIsToldOnceLeftAloneAndAnEmptyStoreServes) {
     }
 }
 
-// An administrator's ANALYZE (sqlite_stat1), an extra table or an extra index does not make a
-// sound store damaged, and the program leaves them alone.
-TEST(KeyValueStore, ExtraTablesAndIndexesOfASoundStoreAreLeftAlone) {
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    {
-        KeyValueStore store(file);
-        ASSERT_EQ(Set(store, kConfig, "LogFilePath", "/var/log/"), StoreStatus::Ok);
-    }
-    RawQuery(file, "CREATE TABLE notes (t TEXT)");
-    RawQuery(file, "INSERT INTO notes VALUES ('kept')");
-    RawQuery(file, "CREATE INDEX by_name ON \"values\" (name)");
-    RawQuery(file, "ANALYZE");
-    ASSERT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='sqlite_stat1'"), "1");
-
-    KeyValueStore store(file);
-    EXPECT_EQ(ReadText(store, kConfig, "LogFilePath"), "/var/log/");
-    EXPECT_EQ(Set(store, kConfig, "LogFileName", "x.Log"), StoreStatus::Ok);
-    EXPECT_FALSE(store.InMemory());
-    EXPECT_TRUE(store.TakeNotices().empty());
-    EXPECT_EQ(RawQuery(file, "SELECT t FROM notes"), "kept");
-    EXPECT_EQ(RawQuery(file, "SELECT count(*) FROM sqlite_master WHERE name='by_name'"), "1");
-}
-
-// A store in the rollback journal (made or switched back by another tool) is read as it is,
-// byte for byte, and switched to WAL at its first write.
-TEST(KeyValueStore, ARollbackJournalStoreIsSwitchedToWalAtItsFirstWrite) {
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    {
-        KeyValueStore store(file);
-        ASSERT_EQ(Set(store, kConfig, "A", "1"), StoreStatus::Ok);
-    }
-    RawQuery(file, "PRAGMA journal_mode=DELETE");
-    ASSERT_EQ(RawQuery(file, "PRAGMA journal_mode"), "delete");
-    const std::string before = FileBytes(file);
-
-    KeyValueStore store(file);
-    EXPECT_EQ(ReadText(store, kConfig, "A"), "1");
-    EXPECT_EQ(FileBytes(file), before);
-    EXPECT_EQ(Set(store, kConfig, "B", "2"), StoreStatus::Ok);
-    EXPECT_EQ(RawQuery(file, "PRAGMA journal_mode"), "wal");
-    EXPECT_EQ(ReadText(store, kConfig, "B"), "2");
-    EXPECT_TRUE(store.TakeNotices().empty());
-}
-
 TEST(KeyValueStore, ALockedStoreFailsAndIsToldOnce) {
     TempDir dir;
     const std::string file = dir.Path() + "store.db";
@@ -270,24 +168,6 @@ TEST(KeyValueStore, ALockedStoreFailsAndIsToldOnce) {
     EXPECT_EQ(Set(store, "K", "after", "3"), StoreStatus::Ok);
     EXPECT_EQ(ReadText(store, "K", "after"), "3");
     EXPECT_TRUE(store.TakeNotices().empty());
-}
-
-TEST(KeyValueStore, AReadOnlyFileIsReadAndRefusesWrites) {
-    if (geteuid() == 0) GTEST_SKIP() << "file permissions do not bind the superuser";
-    TempDir dir;
-    const std::string file = dir.Path() + "store.db";
-    {
-        KeyValueStore store(file);
-        ASSERT_EQ(Set(store, "K", "v", "1"), StoreStatus::Ok);
-    }
-    ASSERT_EQ(chmod(file.c_str(), 0444), 0);
-    KeyValueStore store(file);
-    EXPECT_EQ(Set(store, "K", "v", "2"), StoreStatus::Failed);
-    EXPECT_EQ(Set(store, "K", "w", "2"), StoreStatus::Failed);
-    const auto notices = store.TakeNotices();
-    ASSERT_EQ(notices.size(), 1u);
-    EXPECT_NE(notices[0].find("read-only"), std::string::npos);
-    EXPECT_EQ(ReadText(store, "K", "v"), "1");
 }
 
 }  // namespace

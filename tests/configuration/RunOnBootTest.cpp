@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -47,32 +46,6 @@ class RunOnBoot : public ::testing::Test {
         std::ofstream(dir + "VantrellionRunMe-" + list + ".desktop")
             << "[Desktop Entry]\nType=Application\nName=x\nExec=/somewhere/vantrellion\n";
     }
-    // A program that notes its arguments, and whether the entry was still there, in its
-    // folder's file "ran".
-    std::string FakeProgram(const std::string& folder, const std::string& entry) {
-        std::filesystem::create_directories(temp.Path() + folder);
-        const std::string path = temp.Path() + folder + "/vantrellion";
-        std::ofstream(path) << "#!/bin/sh\n"
-                            << "out='" << temp.Path() + folder << "/ran'\n"
-                            << "if [ -e '" << entry << "' ]; then echo entry >\"$out\"; "
-                            << "else echo no-entry >\"$out\"; fi\n"
-                            << "for a in \"$@\"; do echo \"<$a>\" >>\"$out\"; done\n";
-        ::chmod(path.c_str(), 0755);
-        return path;
-    }
-    // The Exec line of an entry as a shell gets it: the desktop file's string escapes undone.
-    static std::string ShellCommand(const std::string& entryText) {
-        const auto at = entryText.find("\nExec=");
-        std::string exec = entryText.substr(at + 6, entryText.find('\n', at + 1) - at - 6);
-        std::string out;
-        for (size_t i = 0; i < exec.size(); ++i) {
-            if ((exec[i] == '\\' || exec[i] == '%') && i + 1 < exec.size() &&
-                exec[i + 1] == exec[i])
-                ++i;
-            out += exec[i];
-        }
-        return out;
-    }
 };
 
 TEST_F(RunOnBoot, CommandsLeaveOneEntryAndRemoveEntriesLeftByHand) {
@@ -106,111 +79,6 @@ TEST_F(RunOnBoot, CommandsLeaveOneEntryAndRemoveEntriesLeftByHand) {
         EXPECT_TRUE(t.timer.enabled);
         EXPECT_TRUE(t.messages.shown.empty());
     }
-}
-
-TEST_F(RunOnBoot, TheValueIsThePathABlankAndTheTokenWithoutQuotationMarks) {
-    const std::string program = FakeProgram("my programs", machine + "none");
-    SetRunMeAlways(s, program);
-    const std::string value = program + " k704mq29vbn516 0x00d3e1f4";
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, RunKey, RunMeValueName), value);
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, RunOnceKey, RunMeValueName),
-              VALUENAMENOTFOUND);
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_CURRENT_USER, RunKey, RunMeValueName), REGKEYNOTFOUND);
-
-    // The entry runs the program in the folder with a blank, with the token's two words.
-    const std::string entry = TempDir::ReadFile(machine + "VantrellionRunMe-Run.desktop");
-    EXPECT_EQ(entry,
-              "[Desktop Entry]\n"
-              "Type=Application\n"
-              "Name=Vantrellion\n"
-              "Comment=Starts Vantrellion at every login\n"
-              "Icon=vantrellion\n"
-              "Exec=\"" +
-                  program +
-                  "\" k704mq29vbn516 0x00d3e1f4\n"
-                  "Terminal=false\n"
-                  "X-Vantrellion-CommandLine=" +
-                  value + "\n");
-    ASSERT_EQ(std::system(ShellCommand(entry).c_str()), 0);
-    EXPECT_EQ(temp.Read("my programs/ran"), "no-entry\n<k704mq29vbn516>\n<0x00d3e1f4>\n");
-    EXPECT_TRUE(std::filesystem::exists(machine + "VantrellionRunMe-Run.desktop"));
-}
-
-TEST_F(RunOnBoot, ANextTimeEntryRemovesItselfBeforeTheProgramRuns) {
-    const std::string entryPath = machine + "VantrellionRunMe-RunOnce.desktop";
-    const std::string program = FakeProgram("a $b \"c\" 100%", entryPath);
-    SetRunMeOnce(s, program);
-    const std::string entry = TempDir::ReadFile(entryPath);
-    EXPECT_NE(entry.find("Comment=Starts Vantrellion at the next login only\n"), std::string::npos);
-    EXPECT_NE(entry.find("X-Vantrellion-CommandLine=" + program + " " + RunMeToken + "\n"),
-              std::string::npos);
-    ASSERT_EQ(std::system(ShellCommand(entry).c_str()), 0);
-    EXPECT_EQ(temp.Read("a $b \"c\" 100%/ran"), "no-entry\n<k704mq29vbn516>\n<0x00d3e1f4>\n");
-    EXPECT_FALSE(std::filesystem::exists(entryPath));
-}
-
-TEST_F(RunOnBoot, RefusedWritesAreToldByTheLayerAndTheCommandGoesOn) {
-    // The machine-wide folder cannot be made (a file stands in its way); the user's entry
-    // still goes, and the timer comes back.
-    std::filesystem::create_directories(temp.Path() + "etc");
-    temp.Write("etc/xdg", "a file");
-    PutByHand(user, "Run");
-    t.frm().CheckTimeAllowed = True;
-    mnuToolRunOnBootAlways(s, nullptr);
-    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{"Could not open key"});
-    EXPECT_TRUE(Entries().empty());
-    EXPECT_TRUE(t.timer.enabled);
-
-    // The folder is there but the entry cannot be written.
-    std::filesystem::remove(temp.Path() + "etc/xdg");
-    std::filesystem::create_directories(machine + "VantrellionRunMe-Run.desktop.new/x");
-    t.messages.shown.clear();
-    mnuToolRunOnBootAlways(s, nullptr);
-    EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{"Could not set value"});
-    EXPECT_TRUE(Entries().empty());
-}
-
-TEST(RunOnBootPath, ProgramFolderAndNameOrTheTestProgram) {
-    EXPECT_EQ(RunOnBootPath("/usr/lib/vantrellion", "vantrellion", False),
-              "/usr/lib/vantrellion/vantrellion");
-    EXPECT_EQ(RunOnBootPath("/home/a b/bin", "vantrellion", False), "/home/a b/bin/vantrellion");
-    EXPECT_EQ(RunOnBootPath("/", "vantrellion", False), "//vantrellion");
-    EXPECT_EQ(RunOnBootPath("/src/build", "vantrellion", True),
-              "/src/build/VantrellionTestRunOnBoot.exe");
-}
-
-TEST(AutostartFolders, ListNamesAndDefaultFolders) {
-    EXPECT_EQ(StartupListName("\\SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\RunOnce\\"),
-              "RunOnce");
-    EXPECT_EQ(StartupListName("software\\microsoft\\windows\\currentversion\\runservicesonce"),
-              "RunServicesOnce");
-    EXPECT_EQ(StartupListName("SOFTWARE\\Microsoft\\Windows\\CurrentVersion"), "");
-    EXPECT_EQ(StartupListName("SOFTWARE\\Vantrellion\\Run"), "");
-
-    struct Case {
-        const char *dirs, *configHome, *home;  // null: unset
-        const char *machine, *user;
-    };
-    const Case cases[] = {
-        {nullptr, nullptr, "/home/u", "/etc/xdg/autostart/", "/home/u/.config/autostart/"},
-        {"/opt/x/:/etc/xdg", "/c/", "/home/u", "/opt/x/autostart/", "/c/autostart/"},
-        {"rel:/second", "rel", "/home/u/", "/second/autostart/", "/home/u/.config/autostart/"},
-        {"", nullptr, nullptr, "/etc/xdg/autostart/", ""},
-    };
-    const char* names[] = {"XDG_CONFIG_DIRS", "XDG_CONFIG_HOME", "HOME"};
-    std::optional<std::string> saved[3];
-    for (int i = 0; i < 3; ++i)
-        if (const char* v = std::getenv(names[i])) saved[i] = v;
-    for (const auto& c : cases) {
-        const char* values[] = {c.dirs, c.configHome, c.home};
-        for (int i = 0; i < 3; ++i)
-            values[i] ? ::setenv(names[i], values[i], 1) : ::unsetenv(names[i]);
-        const AutostartDirectories d = DefaultAutostartDirectories();
-        EXPECT_EQ(d.machine, c.machine);
-        EXPECT_EQ(d.user, c.user);
-    }
-    for (int i = 0; i < 3; ++i)
-        saved[i] ? ::setenv(names[i], saved[i]->c_str(), 1) : ::unsetenv(names[i]);
 }
 
 }  // namespace

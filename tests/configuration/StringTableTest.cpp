@@ -6,21 +6,7 @@
 namespace vantrellion {
 namespace {
 
-// (The chip types, the address lists and the tool tips are also checked where the screens show
-// them.)
-TEST(StringTable, SixteenAddressRowsOfFourAddressesAndAComment) {
-    const auto rows = AddressRows();
-    ASSERT_EQ(rows.size(), 16u);
-    for (const auto& row : rows)
-        EXPECT_EQ(SplitCommaList(row).size(), 5u) << row;
-    // Comments are kept as typed, irregular blanks included; the legend is not in the list.
-    EXPECT_EQ(rows[0].substr(0, 15), "200,201,203,80,");
-    EXPECT_EQ(rows[14], "338,339,33B,9A,         index 14  H9A  -I -I - IO   ");
-    EXPECT_EQ(StringTableText(550), "Base,Input,Cntl,Config                      A B CC");
-    EXPECT_EQ(SplitCommaList("a,,b,"), (std::vector<std::string>{"a", "", "b", ""}));
-}
-
-TEST(StringTable, ColoursInBothLiteralFormsAndTheDefaults) {
+TEST(StringTable, ColoursInBothLiteralForms) {
     const std::pair<const char*, Color> cases[] = {
         {"&HFF00&", 65280},
         {"&HC0FFFF", 12648447},
@@ -36,22 +22,6 @@ TEST(StringTable, ColoursInBothLiteralFormsAndTheDefaults) {
         EXPECT_EQ(ParseColorLiteral(text), color) << text;
     for (const char* bad : {"", "&H", "&HG0", "FF00", "&H1FFFFFFFF", "#FF00"})
         EXPECT_THROW(ParseColorLiteral(bad), FatalError) << bad;
-    EXPECT_EQ(StringTableColor(361), 8421631);
-    EXPECT_EQ(StringTableColor(378), 255);
-    EXPECT_EQ(StringTableColor(StringId::StopColor), Rgb(255, 0, 0));
-}
-
-TEST(StringTable, ListItemsDelimitersAndTheWholeTableInOrder) {
-    EXPECT_EQ(StringTableListItem(501, 3), "30A");
-    EXPECT_EQ(StringTableListItem(501, 4), "");
-    EXPECT_EQ(StringTableText(DelimiterId(StringId::StatusColorToolTipsFirst)),
-              "Select Bachground Color for Relay Name");
-    EXPECT_FALSE(StringTableFind(305).has_value());
-    EXPECT_EQ(StringTableText(305), "");
-    const auto ids = StringTableIds();
-    EXPECT_TRUE(std::is_sorted(ids.begin(), ids.end()));  // looked up by binary search
-    EXPECT_EQ(ids.front(), 101);
-    EXPECT_EQ(ids.back(), 22000);
 }
 
 }  // namespace

@@ -31,64 +31,6 @@ class RegApi : public ::testing::Test {
     }
 };
 
-TEST_F(RegApi, ReadsTellMissingKeysAndValuesBySentinelOrBox) {
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFileName", "day.log");
-    StoredValue odd;
-    odd.Type = 3;  // a type the layer does not read
-    odd.Kind = StoredValue::Data::Text;
-    odd.Text = "xx";
-    temp.store().SetValue(HKEY_LOCAL_MACHINE, kKey, "Binary", odd);
-    ASSERT_TRUE(t.messages.shown.empty());
-
-    const std::string kNoValue = "Could not read Key\r\nkey=";
-    struct Case {
-        const char *key, *name;
-        const char* sentinelResult;
-        std::vector<std::string> sentinelBoxes, messageBoxes;  // a box there: the result is ""
-    };
-    // Texts are UTF-8; one stored as Latin-1 bytes (by an earlier version) reads as Latin-1.
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "DataFilePath",
-                  "/home/ann/\xD0\x9D\xD0\xB0\xE2\x82\xAC/");
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFilePath", "/home/ann/Caf\xE9/");
-    const Case cases[] = {
-        {kKey, "DataFilePath", "/home/ann/\xD0\x9D\xD0\xB0\xE2\x82\xAC/", {}, {}},
-        {kKey, "LogFilePath", "/home/ann/Caf\xC3\xA9/", {}, {}},
-        {"SOFTWARE\\Vantrellion\\Nothing", "A", "REGKEYNOTFOUND", {}, {"Could not open key"}},
-        {kKey, "Missing", "VALUENAMENOTFOUND", {}, {kNoValue + "Missing"}},
-        {kKey, "LogFileName", "day.log", {}, {}},
-        {"software\\vantrellion\\config\\", "LOGFILENAME", "day.log", {}, {}},
-        {kKey, "Binary", "", {kNoValue + "Binary"}, {kNoValue + "Binary"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.key) + " " + c.name);
-        t.messages.shown.clear();
-        EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, c.key, c.name), c.sentinelResult);
-        EXPECT_EQ(Prompts(), c.sentinelBoxes);
-        t.messages.shown.clear();
-        EXPECT_EQ(RegReadWithMessages(s, HKEY_LOCAL_MACHINE, c.key, c.name),
-                  c.messageBoxes.empty() ? c.sentinelResult : "");
-        EXPECT_EQ(Prompts(), c.messageBoxes);
-        ExpectLayerBoxes();
-    }
-}
-
-TEST_F(RegApi, AnEmptyValueIsRefusedBeforeTheKeyIsMade) {
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "LogFileName", "");
-    EXPECT_EQ(Prompts(), std::vector<std::string>{"Bad input to creat value\r\nValue =  "});
-    ExpectLayerBoxes();
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "LogFileName"), "REGKEYNOTFOUND");
-    EXPECT_EQ(temp.store().KeyExists(HKEY_LOCAL_MACHINE, "SOFTWARE"), StoreStatus::KeyNotFound);
-}
-
-TEST_F(RegApi, TheTypeWordIsExactAndCheckedAfterTheKeyIsMade) {
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "string", "LogFileName", "a.log");
-    EXPECT_EQ(Prompts(), std::vector<std::string>{"Bad input to create value\r\nType =  string"});
-    ExpectLayerBoxes();
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "LogFileName"),
-              "VALUENAMENOTFOUND");
-    EXPECT_EQ(t.messages.shown.size(), 1u) << "a sentinel read shows nothing";
-}
-
 TEST_F(RegApi, NumbersAreStoredAsRounded32BitValues) {
     const std::pair<const char*, const char*> cases[] = {
         {"5", " 5"},
@@ -135,32 +77,6 @@ TEST_F(RegApi, DeletesTellWhatCouldNotBeDone) {
     ExpectLayerBoxes();
     EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "B"), "REGKEYNOTFOUND");
     EXPECT_EQ(temp.store().KeyExists(HKEY_LOCAL_MACHINE, "SOFTWARE\\Vantrellion"), StoreStatus::Ok);
-}
-
-TEST_F(RegApi, WithoutAStoreEveryKeyIsMissingAndEveryWriteRefused) {
-    s.platform.store = nullptr;
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "REGKEYNOTFOUND");
-    EXPECT_EQ(RegReadWithMessages(s, HKEY_LOCAL_MACHINE, kKey, "A"), "");
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "A", "1");
-    RegDeleteValue(s, HKEY_LOCAL_MACHINE, kKey, "A");
-    EXPECT_EQ(Prompts(), (std::vector<std::string>{"Could not open key", "Could not open key",
-                                                   "Could not open key"}));
-}
-
-TEST_F(RegApi, AStoreProblemIsExplainedOnceBeforeTheLayersOwnBoxes) {
-    // A store whose folder cannot be made: told once, and the run goes on in memory.
-    test::TempDir dir;
-    { std::ofstream(dir.Path() + "file") << "x"; }
-    KeyValueStore broken(dir.Path() + "file/store.db");
-    s.platform.store = &broken;
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "REGKEYNOTFOUND");
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_NE(t.messages.shown[0].Prompt.find(dir.Path() + "file/store.db"), std::string::npos);
-    EXPECT_NE(t.messages.shown[0].Prompt.find("cannot be opened"), std::string::npos);
-    EXPECT_EQ(t.messages.shown[0].BoxIcon, Icon::Exclamation);
-    RegWriteValue(s, HKEY_LOCAL_MACHINE, kKeyWrite, "String", "A", "1");
-    EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, kKey, "A"), "1");
-    EXPECT_EQ(t.messages.shown.size(), 1u);
 }
 
 }  // namespace

@@ -25,19 +25,6 @@ class MemorySettings : public SettingsStore {
     }
 };
 
-class RecordingMenu : public MenuArray {
-  public:
-    explicit RecordingMenu(int entries) : visible(entries, true), caption(entries) {}
-    std::vector<bool> visible;
-    std::vector<std::string> caption;
-    void SetVisible(int i, bool v) override {
-        if (i < static_cast<int>(visible.size())) visible[i] = v;
-    }
-    void SetCaption(int i, const std::string& c) override {
-        if (i < static_cast<int>(caption.size())) caption[i] = c;
-    }
-};
-
 std::vector<std::string> Items(const clsMRUmostRecentlyUsedFiles& m) {
     std::vector<std::string> items;
     for (int16_t n = 1; n <= m.Count(); ++n)
@@ -70,73 +57,6 @@ TEST(MRUFiles, AddsGoToTheTopOnceWhateverTheCaseAndTheOldestFallsOff) {
     EXPECT_EQ(Items(m), (Names{"/f.run", "/d.run", "/a.run", "/c.run"}));
     m.Clear();
     EXPECT_EQ(m.Count(), 0);
-}
-
-TEST(MRUFiles, ALoweredCapacityTrimsOneNameAtATime) {
-    MemorySettings settings;
-    clsMRUmostRecentlyUsedFiles m(settings);
-    for (const char* name : {"1", "2", "3", "4", "5"})
-        m.Add(name);
-    m.SetNumber(3);
-    EXPECT_EQ(m.Count(), 5);  // nothing trimmed yet
-    // A new name pushes one out: the count stays above the capacity.
-    m.Add("6");
-    EXPECT_EQ(Items(m), (Names{"6", "5", "4", "3", "2"}));
-    // A name already there comes to the top and the list loses one more each time.
-    m.Add("4");
-    EXPECT_EQ(Items(m), (Names{"4", "6", "5", "3"}));
-    m.Add("5");
-    EXPECT_EQ(Items(m), (Names{"5", "4", "6"}));
-    m.Add("7");
-    EXPECT_EQ(Items(m), (Names{"7", "5", "4"}));
-}
-
-TEST(MRUFiles, TheListIsKeptAcrossARestart) {
-    MemorySettings settings;
-    {
-        clsMRUmostRecentlyUsedFiles m(settings);
-        for (const char* name : {"/x.run", "/y.run", "/z.run"})
-            m.Add(name);
-        m.Save();
-    }
-    const auto& stored = settings.data["Vantrellion"]["colMRUFiles"];
-    EXPECT_EQ(stored, (std::vector<std::pair<std::string, std::string>>{
-                          {"1", "/z.run"}, {"2", "/y.run"}, {"3", "/x.run"}}));
-
-    clsMRUmostRecentlyUsedFiles next(settings);
-    next.Add("/kept-if-nothing-stored.run");
-    next.Load("Other");  // nothing stored under that application: the list stays
-    EXPECT_EQ(Items(next), (Names{"/kept-if-nothing-stored.run"}));
-    next.Load();
-    EXPECT_EQ(Items(next), (Names{"/z.run", "/y.run", "/x.run"}));
-
-    // A list stored longer than the capacity loads whole; a name stored twice is kept once.
-    settings.data["Vantrellion"]["colMRUFiles"] = {{"1", "a"}, {"2", "b"}, {"3", "A"}, {"4", "c"},
-                                                   {"5", "d"}, {"6", "e"}, {"7", "f"}};
-    next.Load();
-    EXPECT_EQ(Items(next), (Names{"a", "b", "c", "d", "e", "f"}));
-    next.Clear();
-    next.Save();
-    EXPECT_TRUE(settings.GetAllSettings("Vantrellion", "colMRUFiles").empty());
-}
-
-TEST(MRUFiles, UpdateShowsTheListOnTheMenuArray) {
-    MemorySettings settings;
-    clsMRUmostRecentlyUsedFiles m(settings);
-    RecordingMenu menu(6);
-    m.Update(menu);
-    EXPECT_EQ(menu.visible, (std::vector<bool>{false, false, false, false, false, false}));
-
-    m.Add("/a.run");
-    m.Add("/b.run");
-    m.Update(menu);
-    EXPECT_EQ(menu.visible, (std::vector<bool>{true, true, true, false, false, false}));
-    EXPECT_EQ(menu.caption[1], "/b.run");
-    EXPECT_EQ(menu.caption[2], "/a.run");
-
-    RecordingMenu shortMenu(2);  // fewer entries than the capacity: no failure
-    m.Update(shortMenu);
-    EXPECT_EQ(shortMenu.visible, (std::vector<bool>{true, true}));
 }
 
 }  // namespace

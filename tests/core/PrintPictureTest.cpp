@@ -28,13 +28,5 @@ TEST(PrintPicture, WindowScalesDownOnlyWhenWiderThanThePageAndTheScreenAlwaysFil
     }
 }
 
-TEST(PrintPicture, BitmapNamesCarryProgramWindowAndKind) {
-    EXPECT_EQ(PrintBitmapFileName("/home/u/.local/share/vantrellion/", "vtr", "frmRelay",
-                                  PrintedPicture::Window),
-              "/home/u/.local/share/vantrellion/vtr_frmRelay_Window.BMP");
-    EXPECT_EQ(PrintBitmapFileName("/m/", "vantrellion", "frmLogFileViewer", PrintedPicture::Screen),
-              "/m/vantrellion_frmLogFileViewer_Screen.BMP");
-}
-
 }  // namespace
 }  // namespace vantrellion

@@ -68,17 +68,6 @@ TEST_F(ResizeTest, ControlsLandWhereTheRecordedGeometrySaysAtEachScale) {
     ExpectAt(*plain, 810, 300, 285, 270, "back at design");
 }
 
-TEST_F(ResizeTest, ManyResizesLeaveNoDrift) {
-    std::vector<std::map<Geometry, double>> design;
-    for (const auto& c : w.controls)
-        design.push_back(c->value);
-    for (int n = 0; n < 100; ++n)
-        ResizeTo(1.0 + (n % 7) * 0.137);
-    ResizeTo(1.0);
-    for (size_t n = 0; n < design.size(); ++n)
-        EXPECT_EQ(w.controls[n]->value, design[n]) << "control " << n;
-}
-
 TEST_F(ResizeTest, FirstCallOnlyRecordsAndAMinimisedWindowIsLeftAlone) {
     clsResizeFormCntls fresh;
     fresh.SetSourceForm(&w);
@@ -94,58 +83,6 @@ TEST_F(ResizeTest, FirstCallOnlyRecordsAndAMinimisedWindowIsLeftAlone) {
     w.state = WindowState::Normal;
     r.ScaleControls();  // the restore scales from the record
     ExpectAt(*plain, 1620, 600, 570, 540, "restored");
-}
-
-TEST_F(ResizeTest, SizeFormToScreenTakesWholeTwips) {
-    w.screenWidth = 19201, w.screenHeight = 14399;
-    r.SizeFormToScreen(50);
-    EXPECT_EQ(w.width, 9600);
-    EXPECT_EQ(w.height, 7199);
-}
-
-// The main screen's use: a screen that returns its window for the resize.
-class WindowedScreen : public RecordingScreen {
-  public:
-    FakeFormWindow window;
-    FormWindow* Window() override { return &window; }
-};
-
-TEST(MainScreenResize, OnlyAResizeAfterTheFirstStopsTheScreenStoringItsPlace) {
-    TestSystem t;
-    WindowedScreen screen;
-    t.s.platform.screen = &screen;
-    FakeControl& row = screen.window.Add(750, 750, 7575, 615);
-    FrmRelay& f = t.frm();
-
-    Form_Resize(t.s);  // during load: nothing
-    EXPECT_EQ(screen.window.busyOn, 0);
-
-    Form_Initialize(t.s);
-    Form_Load(t.s);
-    EXPECT_EQ(f.SavePositionAtExit, True);
-    ASSERT_TRUE(f.ResizeFormCntls);
-    EXPECT_EQ(f.ResizeFormCntls->DesignWidth, 6000);
-
-    Form_Resize(t.s);  // the one of showing the screen
-    EXPECT_EQ(f.SavePositionAtExit, True);
-    EXPECT_EQ(f.ResizedOnce, True);
-    EXPECT_TRUE(t.timer.IsEnabled());
-
-    screen.window.scaleWidth = 12000;
-    Form_Resize(t.s);  // the user's
-    EXPECT_EQ(f.SavePositionAtExit, False);
-    EXPECT_EQ(row.value.at(Geometry::Width), 7575 * 2);
-    EXPECT_EQ(screen.window.busyOn, 2);
-    EXPECT_EQ(screen.window.busyOff, 2);
-    EXPECT_TRUE(t.timer.IsEnabled());
-
-    screen.window.state = WindowState::Minimized;
-    screen.window.scaleWidth = 3000;
-    Form_Resize(t.s);
-    EXPECT_EQ(row.value.at(Geometry::Width), 7575 * 2);
-
-    Form_Unload(t.s);
-    EXPECT_FALSE(f.ResizeFormCntls);
 }
 
 }  // namespace

@@ -28,12 +28,5 @@ TEST(Timeline, LocalSecondsRoundTripAcrossMonthYearAndLeapDays) {
     }
 }
 
-TEST(Timeline, ConsecutiveDaysAdvanceTheWeekday) {
-    LocalSeconds t = ToLocalSeconds({2026, 12, 27, 12, 0, 0, 1});  // a Sunday
-    for (int n = 0; n < 14; ++n)
-        EXPECT_EQ(FromLocalSeconds(t + n * 86400).Weekday, n % 7 + 1);
-    EXPECT_EQ(FromLocalSeconds(t + 5 * 86400).Year, 2027);
-}
-
 }  // namespace
 }  // namespace vantrellion

@@ -9,9 +9,7 @@
 #include <memory>
 
 #include "configuration/clsConfiguration.h"
-#include "configuration/modRegAPI.h"
 #include "desktop/ConfigScreenWindow.h"
-#include "desktop/QtConvert.h"
 #include "support/Fakes.h"
 #include "support/TempStore.h"
 
@@ -62,13 +60,6 @@ class ConfigScreenWidgetTest : public ::testing::Test {
         QTest::keyClicks(x, text);
         QTest::keyClick(x, Qt::Key_Tab);
     }
-    // Clicks a check box on its box, where a click toggles it.
-    static void ClickBox(QCheckBox* box) {
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(6, box->height() / 2));
-    }
-    std::string Stored(const std::string& name) {
-        return RegReadWithSentinels(t.s, HKEY_LOCAL_MACHINE, ConfigKeyRead, name);
-    }
 };
 
 TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
@@ -112,157 +103,6 @@ TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
         if (c.refusal) {
             EXPECT_EQ(t.messages.shown[0].Title, c.refusal);
         }
-    }
-}
-
-TEST_F(ConfigScreenWidgetTest, ARefusedEntryVoidsTheClickThatLeftItAndCancelReloadsTheStore) {
-    Open();
-    QComboBox* base = P().cmbBaseAddress[0];
-    Focus(base);
-    base->lineEdit()->selectAll();
-    QTest::keyClicks(base, "401");
-    QTest::mouseClick(w->cmdExit, Qt::LeftButton);
-    EXPECT_TRUE(w->isVisible());
-    EXPECT_EQ(Focused(), base);
-    EXPECT_EQ(t.messages.shown.size(), 1u);
-    // Put right, the next click goes through: Cancel reloads the store without a question.
-    Enter(base, "280");
-    ASSERT_EQ(t.mod().Board[0].BaseAddress, 0x280);
-    QTest::mouseClick(w->cmdCancel, Qt::LeftButton);
-    EXPECT_FALSE(w->isVisible());
-    EXPECT_EQ(t.mod().Board[0].BaseAddress, 0x300);
-    EXPECT_EQ(t.messages.shown.size(), 1u);
-}
-
-TEST_F(ConfigScreenWidgetTest, ListsGrowAtEachVisitAndAnEmptiedBoxShowsZero) {
-    Open();
-    // The first control has the focus as the screen comes up, and its list is filled.
-    QComboBox* chip = P().cmbChipSetType[0];
-    EXPECT_EQ(Focused(), chip);
-    EXPECT_EQ(chip->count(), 7);
-    EXPECT_EQ(chip->itemText(6), "ACL-7125");
-    QComboBox* base = P().cmbBaseAddress[0];
-    Focus(base);
-    EXPECT_EQ(base->count(), 16);
-    EXPECT_EQ(base->itemText(0), "200");
-    EXPECT_EQ(base->currentText(), "300") << "filling the list leaves the text alone";
-    EXPECT_EQ(base->lineEdit()->selectedText(), "300");
-    Focus(chip);
-    EXPECT_EQ(chip->count(), 14);
-    Focus(base);
-    EXPECT_EQ(base->count(), 32);
-    EXPECT_EQ(P().cmbPortConfigValue[0]->count(), 32);
-    // Each box takes its own column of the address rows, at list position = row number.
-    EXPECT_EQ(P().cmbInputAddress[0]->itemText(1), "221");
-    EXPECT_EQ(P().cmbCntlAddress[0]->itemText(2), "243");
-    EXPECT_EQ(P().cmbPortConfigValue[0]->itemText(15), "9B");
-    EXPECT_EQ(P().cmbBaseAddress[1]->count(), 0) << "board 1's lists stay empty";
-
-    base->lineEdit()->selectAll();
-    QTest::keyClick(base, Qt::Key_Delete);
-    EXPECT_EQ(base->currentText(), "0");
-    // Enter moves on as Tab does, and the emptied address is taken as none.
-    QTest::keyClick(base, Qt::Key_Return);
-    EXPECT_EQ(Focused(), P().cmbInputAddress[0]);
-    EXPECT_EQ(t.mod().Board[0].BaseAddress, 0);
-}
-
-TEST_F(ConfigScreenWidgetTest, NamesCheckBoxesAndTheLogPath) {
-    Open();
-    EXPECT_FALSE(w->cmdSave->isEnabled()) << "warning off and nothing changed";
-    Enter(P().txtRelayName[0], "Pump");
-    EXPECT_EQ(t.mod().Board[0].RelayName[0], "Pump");
-    EXPECT_TRUE(w->cmdSave->isEnabled());
-    EXPECT_TRUE(w->Menu("mnuFileSave")->isEnabled());
-
-    ClickBox(P().chkWarnOverlapTime);
-    EXPECT_EQ(t.mod().WarnOverLapTime, True);
-    ClickBox(P().chkLogBoard[0]);
-    EXPECT_EQ(t.mod().Board[0].LogBoard, 0);
-
-    // A typed directory is thrown away when the field is left.
-    Enter(P().txtLogFilePath, "/tmp/elsewhere");
-    EXPECT_EQ(P().txtLogFilePath->text().toStdString(), temp.dir().Path());
-    EXPECT_EQ(t.mod().LogFilePath, temp.dir().Path());
-
-    EXPECT_FALSE(P().cmbBaseAddress[1]->isEnabled());
-    EXPECT_FALSE(P().txtRelayName[8]->isEnabled());
-    EXPECT_TRUE(P().txtRelayName[7]->isEnabled());
-}
-
-// Closing a changed screen asks; Yes stores only what reached the shared state (a status
-// colour waits for Save and is lost), No reloads the store, Cancel keeps the screen.
-TEST_F(ConfigScreenWidgetTest, ClosingAChangedScreenAsks) {
-    for (Answer answer : {Answer::No, Answer::Cancel, Answer::Yes}) {
-        SCOPED_TRACE(static_cast<int>(answer));
-        ConfigurationLoadFromReg(t.s);
-        Open();
-        Enter(P().txtRelayName[0], "Pump");
-        chooser.answer = 0x0A0B0C;
-        QTest::mouseClick(w->Colors->cmdSetColorIndicator[1], Qt::LeftButton);
-        EXPECT_EQ(w->Colors->cmdSetColorIndicator[1]->ColorShown(), 0x0A0B0C);
-        t.messages.answers = {answer};
-        if (answer == Answer::No)
-            QTest::keyClick(w.get(), Qt::Key_Escape);  // Esc takes the same route
-        else
-            EXPECT_EQ(w->close(), answer == Answer::Yes);
-        ASSERT_EQ(t.messages.shown.size(), 1u);
-        EXPECT_EQ(t.messages.shown[0].DefaultButton, 2) << "No is the default";
-        EXPECT_EQ(w->isVisible(), answer == Answer::Cancel);
-        EXPECT_EQ(t.mod().Board[0].RelayName[0], answer == Answer::No ? "Relay 1" : "Pump");
-        EXPECT_EQ(Stored("Brd1RNam1"), answer == Answer::Yes ? "Pump" : "Relay 1");
-        EXPECT_EQ(Stored("ColorRelayON"), std::to_string(kRelayON));
-    }
-}
-
-TEST_F(ConfigScreenWidgetTest, ACancelledColourChoiceChangesNothing) {
-    Open(ConfigScreenKind::ConfigColors);
-    ColorButton* time = w->Colors->cmdSetColorIndicator[3];
-    QTest::mouseClick(time, Qt::LeftButton);
-    ASSERT_EQ(chooser.asked.size(), 1u);
-    EXPECT_EQ(chooser.asked[0].second, kTimeON);
-    EXPECT_EQ(time->ColorShown(), kTimeON);
-    EXPECT_FALSE(w->cmdSave->isEnabled());
-    EXPECT_FALSE(w->Model().FormChanged);
-
-    // The menu entry numbered 0 is the button "Group 1 Color", and its colour goes at once.
-    chooser.answer = 0x123456;
-    w->Menu("mnuSetColorGroupBkgrnd", 0)->trigger();
-    EXPECT_EQ(w->Colors->cmdSetColorGroupBkgrnd[0]->ColorShown(), 0x123456);
-    EXPECT_EQ(t.mod().ColorRelayGroup[0], 0x123456);
-    EXPECT_TRUE(w->cmdSave->isEnabled());
-}
-
-// The colour menu goes with the colour buttons, the names' reset with the board controls.
-TEST_F(ConfigScreenWidgetTest, TheThreeCutsOfTheDesignAndTheirResetsAndSave) {
-    using enum ConfigScreenKind;
-    const std::tuple<ConfigScreenKind, bool, bool> cases[] = {
-        {Configuration, true, true}, {ConfigBoards, true, false}, {ConfigColors, false, true}};
-    const ModRelay stored = t.mod();
-    for (const auto& [kind, boards, colors] : cases) {
-        t.mod() = stored;
-        ConfigurationSaveToReg(t.s);
-        Open(kind);
-        SCOPED_TRACE(static_cast<int>(kind));
-        EXPECT_EQ(w->Boards != nullptr, boards);
-        EXPECT_EQ(w->Colors != nullptr, colors);
-        EXPECT_EQ(w->Menu("mnuSetColors")->isVisible(), colors);
-        EXPECT_EQ(w->Menu("mnuResetNamesDefaults")->isVisible(), boards);
-        // The resets fill this screen's controls only, and only a check box marks it changed:
-        // names and colours wait for Save, which stores them and keeps the screen open.
-        if (boards) w->Menu("mnuResetNamesDefaults")->trigger();
-        EXPECT_FALSE(w->cmdSave->isEnabled());
-        w->Menu("mnuResetAll")->trigger();
-        EXPECT_EQ(w->cmdSave->isEnabled(), boards);
-        EXPECT_TRUE(!boards || P().txtRelayName[0]->text() == "Relay: 1");
-        EXPECT_TRUE(!colors || w->Colors->cmdSetColorIndicator[0]->ColorShown() == 65535);
-        EXPECT_EQ(t.mod().ColorNameBkgrnd, kNameBk);
-        EXPECT_EQ(t.mod().Board[0].RelayName[0], "Relay 1");
-        QTest::mouseClick(w->cmdSave, Qt::LeftButton);
-        EXPECT_FALSE(w->cmdSave->isEnabled());
-        EXPECT_TRUE(w->isVisible());
-        EXPECT_EQ(Stored("Brd1RNam1"), boards ? "Relay: 1" : "Relay 1");
-        EXPECT_EQ(Stored("ColorNameBkgrnd"), boards && colors ? "65535" : std::to_string(kNameBk));
     }
 }
 

@@ -1,11 +1,9 @@
-// The log viewer and the log deletion window on real widgets: opening, cancelling, reading a
-// large log, printing it to a PDF, and moving logs to a freedesktop trash in a scratch
-// $XDG_DATA_HOME.
+// The log viewer and the log deletion window on real widgets: reading a large log whole, and
+// moving logs to a freedesktop trash in a scratch $XDG_DATA_HOME.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDir>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
 
@@ -15,7 +13,6 @@
 #include "logging/LogFileName.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
-#include "tests/desktop/PdfPrinter.h"
 #include "tests/desktop/ScopedEnv.h"
 
 namespace vantrellion::test {
@@ -42,41 +39,6 @@ class LogViewerTest : public ::testing::Test {
     std::string TodaysLog() { return t.mod().LogFilePath + t.mod().LogFileName; }
 };
 
-TEST_F(LogViewerTest, OpensTodaysLogReadOnlyInAFixedPitchFont) {
-    dir.Write(t.mod().LogFileName, "09:30:00 11/16/2026 Open x.run\r\nsecond line\r\n");
-    t.dialogs.answers.push_back(TodaysLog());
-    frmLogFileViewer v(t.s);
-    v.show();
-    ASSERT_EQ(t.dialogs.opened.size(), 1u);
-    EXPECT_EQ(t.dialogs.opened[0].FileName, TodaysLog());
-    EXPECT_EQ(t.dialogs.opened[0].InitialDirectory, dir.Path());
-    EXPECT_EQ(v.rtbViewLogs->toPlainText(), "09:30:00 11/16/2026 Open x.run\nsecond line\n");
-    EXPECT_TRUE(v.rtbViewLogs->isReadOnly());
-    EXPECT_TRUE(QFontInfo(v.rtbViewLogs->font()).fixedPitch());
-    EXPECT_FALSE(v.Timer1->isActive());
-
-    // A cancelled later Open leaves the file in view; a file that cannot be read (a
-    // directory) gets the one box.
-    v.Menu("mnuFileOpen")->trigger();
-    EXPECT_EQ(v.rtbViewLogs->document()->blockCount(), 3);
-    EXPECT_TRUE(t.messages.shown.empty());
-    t.dialogs.answers.push_back(dir.Path());
-    v.Menu("mnuFileOpen")->trigger();
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_TRUE(v.isVisible());
-}
-
-TEST_F(LogViewerTest, CancelledFirstDialogClosesTheWindowByItsTimer) {
-    frmLogFileViewer v(t.s);
-    v.show();
-    EXPECT_TRUE(v.Timer1->isActive());
-    EXPECT_EQ(v.Timer1->interval(), 500);
-    QSignalSpy fired(v.Timer1, &QTimer::timeout);
-    EXPECT_TRUE(fired.wait(10000));
-    QTRY_VERIFY_WITH_TIMEOUT(!v.isVisible(), 10000);
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
 TEST_F(LogViewerTest, MultiMegabyteLogLoadsWhole) {
     const int lines = 60000;  // about 5 MB
     const std::string log = LogLines(lines);
@@ -88,60 +50,6 @@ TEST_F(LogViewerTest, MultiMegabyteLogLoadsWhole) {
     EXPECT_EQ(v.rtbViewLogs->toPlainText().size(), static_cast<qsizetype>(log.size() - lines));
     EXPECT_EQ(v.rtbViewLogs->document()->findBlockByNumber(lines - 1).text().toStdString(),
               log.substr(log.size() - 2 - (log.size() / lines - 2), log.size() / lines - 2));
-}
-
-TEST_F(LogViewerTest, PrintLogPrintsTheSelectionOrTheWholeText) {
-    dir.Write(t.mod().LogFileName, LogLines(300));
-    t.dialogs.answers.push_back(TodaysLog());
-    frmLogFileViewer v(t.s);
-    v.show();
-    {
-        PdfPrinter whole(dir.File("whole.pdf"));
-        v.Menu("mnuFilePrint")->trigger();
-        EXPECT_EQ(whole.offeredSelection, std::vector<bool>{false});
-        EXPECT_GT(whole.Pages(), 1);
-    }
-    {
-        PdfPrinter selection(dir.File("selection.pdf"));
-        QTextCursor c = v.rtbViewLogs->textCursor();
-        c.movePosition(QTextCursor::EndOfLine, QTextCursor::KeepAnchor);
-        v.rtbViewLogs->setTextCursor(c);
-        v.Menu("mnuFilePrint")->trigger();
-        EXPECT_EQ(selection.offeredSelection, std::vector<bool>{true});
-        EXPECT_EQ(selection.Pages(), 1);
-    }
-    {
-        PdfPrinter cancelled(dir.File("cancelled.pdf"));
-        cancelled.cancel = true;
-        v.Menu("mnuFilePrint")->trigger();
-        EXPECT_EQ(t.messages.Prompts(), std::vector<std::string>{PrintCancelledText});
-    }
-}
-
-TEST_F(LogViewerTest, FontAppliesToTheSelectionAndExitCloses) {
-    dir.Write(t.mod().LogFileName, "first line\r\nsecond line\r\n");
-    t.dialogs.answers.push_back(TodaysLog());
-    frmLogFileViewer v(t.s);
-    v.ChooseFont = [](QFont& f, QWidget*) {
-        f = QFont("DejaVu Sans Mono", 14);
-        f.setBold(true);
-        return true;
-    };
-    v.show();
-    QTextCursor c = v.rtbViewLogs->textCursor();
-    c.movePosition(QTextCursor::Start);
-    c.movePosition(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
-    v.rtbViewLogs->setTextCursor(c);
-    v.Menu("mnuEditFont")->trigger();
-    const QTextBlock first = v.rtbViewLogs->document()->firstBlock();
-    const QTextCharFormat chosen = first.begin().fragment().charFormat();
-    EXPECT_EQ(first.begin().fragment().text(), "first");
-    EXPECT_EQ(chosen.fontPointSize(), 14);
-    EXPECT_EQ(chosen.fontWeight(), QFont::Bold);
-    EXPECT_NE(first.next().begin().fragment().charFormat().fontWeight(), QFont::Bold);
-
-    v.Menu("mnuEXIT")->trigger();
-    EXPECT_FALSE(v.isVisible());
 }
 
 class LogDeleteTest : public ::testing::Test {
@@ -219,23 +127,6 @@ TEST_F(LogDeleteTest, TwoSelectedLogsGoToTheTrashAndTodaysComesBackWithTheNextLi
     EXPECT_EQ(w.File1Path().toStdString(), dir.File("home/"));
     EXPECT_EQ(w.File1->count(), 0);
     EXPECT_FALSE(w.cmdDelete->isEnabled());
-}
-
-TEST_F(LogDeleteTest, AFileThatCannotBeOpenedIsReportedAndTheNextOneStillGoes) {
-    Write(logs + "Vantrellion_a.log", "a");
-    Write(logs + "Vantrellion_b.log", "b");
-    frmLogFileDelete w(t.s);
-    w.show();
-    std::filesystem::remove(logs + "Vantrellion_a.log");  // gone since the list was made
-    ClickEntry(w, "Vantrellion_a.log");
-    ClickEntry(w, "Vantrellion_b.log", Qt::ShiftModifier);
-    QTest::mouseClick(w.cmdDelete, Qt::LeftButton);
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    EXPECT_EQ(t.messages.shown[0].Title, "");
-    EXPECT_NE(t.messages.shown[0].Prompt.find("Vantrellion_a.log"), std::string::npos);
-    EXPECT_NE(t.messages.shown[0].Prompt.find("\r\n53\r\nVantrellion"), std::string::npos);
-    EXPECT_TRUE(std::filesystem::exists(dir.File("home/data/Trash/files/Vantrellion_b.log")));
-    EXPECT_TRUE(Entries(w).isEmpty());
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // The Tool menu's schedule preview: the entry comes last after a separator, the window shows
 // the main screen's schedule as a timeline with its warnings, computes without holding up the
-// tick, and exports through the file dialogs.
+// tick.
 #include <QAction>
 #include <QMenu>
 #include <QTest>
@@ -59,44 +59,10 @@ TEST_F(SchedulePreviewWindowTest, ShowsTheScheduleWarningsAndSwitchTimesWithoutS
     ASSERT_GE(win->warnings->count(), 1);
     EXPECT_TRUE(win->warnings->item(0)->text().contains("never switches on"));
 
-    // Hovering the pump's lane at 08:30 on the first day names its switch times.
-    const TimelineLayout l = win->timeline->Layout();
-    const LocalSeconds at = ToLocalSeconds({2026, 11, 16, 8, 30, 0, 2});
-    const QString tip = win->timeline->ToolTipAt({l.XOf(at), l.LaneRect(0).center().y()});
-    EXPECT_TRUE(tip.contains("on  2026-11-16 08:00:01   off 2026-11-16 09:00:00"))
-        << tip.toStdString();
-
-    // One day from a chosen date.
-    win->fromDate->setChecked(true);
-    win->date->setDateTime(QDateTime(QDate(2026, 12, 1), QTime(0, 0)));
-    win->span->setCurrentIndex(0);
-    WaitUntilDone(win);
-    EXPECT_EQ(PreviewTimeText(win->Result()->Range.From), "2026-12-01 00:00:00");
-    EXPECT_EQ(win->Result()->Evaluations, 86400);
-
     // A second click on the entry brings the same window back.
     w->Menu("mnuToolSchedulePreview")->trigger();
     EXPECT_EQ(w->findChildren<SchedulePreviewWindow*>().size(), 1);
     WaitUntilDone(win);
-}
-
-TEST_F(SchedulePreviewWindowTest, ExportsThroughTheFileDialogs) {
-    SchedulePreviewWindow* win = Open();
-    ASSERT_NE(win, nullptr);
-    t.dialogs.answers = {dir.File("p.csv"), dir.File("p.png"), dir.File("p.svg"), std::nullopt,
-                         dir.File("missing/p.csv")};
-    EXPECT_TRUE(win->ExportCsv());
-    EXPECT_TRUE(win->ExportPng());
-    EXPECT_TRUE(win->ExportSvg());
-    EXPECT_FALSE(win->ExportCsv());  // cancelled
-    EXPECT_FALSE(win->ExportCsv());  // the directory is missing
-    EXPECT_EQ(win->status->text().toStdString(), "Could not write " + dir.File("missing/p.csv"));
-    EXPECT_EQ(dir.Read("p.csv").rfind("time,relay,name,state\n2026-11-16 07:00:00,1,Pump,off\n", 0),
-              0u);
-    EXPECT_FALSE(QImage(QString::fromStdString(dir.File("p.png"))).isNull());
-    EXPECT_NE(dir.Read("p.svg").find("<svg"), std::string::npos);
-    ASSERT_EQ(t.dialogs.saved.size(), 5u);
-    EXPECT_EQ(t.dialogs.saved[0].Filter, "CSV File (*.csv)|*.csv");
 }
 
 }  // namespace

@@ -1,11 +1,9 @@
-// The State and Tool menus of the running program, clicked through their real entries: relays
-// by hand with the light following at once, the pause with the timer held off, Logging and
-// Emulation kept for the next start, and no developer menu in a delivered build.
+// The State menu of the running program, clicked through its real entries: relays by hand with
+// the light following at once, and the pause with the timer held off.
 #include <gtest/gtest.h>
 
 #include <QMenuBar>
 
-#include "configuration/clsExeOrIDE.h"
 #include "desktop/QtConvert.h"
 #include "tests/desktop/MenuProgramFixture.h"
 
@@ -36,36 +34,6 @@ TEST_F(StateToolMenusWidgetTest, RelaysFollowTheMenuAndThePauseHoldsTheTimerOff)
     EXPECT_TRUE(watcher.boxes[0].noted);
     EXPECT_TRUE(app->Timer().IsEnabled());
     EXPECT_TRUE(ports.log.empty());
-}
-
-TEST_F(StateToolMenusWidgetTest, LoggingAndEmulationAreKeptForTheNextStart) {
-    PrepareStore(True, False);
-    Start();
-    Trigger("mnuToolLogging");
-    EXPECT_TRUE(Window().Menu("mnuToolLogging")->isChecked());
-    // Leaving emulation resets the real board, which allows it, relay by relay.
-    ports.bytes[0x300] = 0x81;
-    Trigger("mnuToolRunNoBoards");
-    EXPECT_EQ(ports.Writes().size(), 8u);
-    EXPECT_EQ(ports.bytes[0x300], 0);
-    EXPECT_TRUE(app->Timer().IsEnabled());
-
-    Stop();
-    Start();
-    EXPECT_EQ(Sys().modRelay.LoggingOnOff, True);
-    EXPECT_EQ(Sys().modRelay.RunNoBoards, False);
-    EXPECT_FALSE(Window().Menu("mnuToolRunNoBoards")->isChecked());
-    EXPECT_EQ(Window().Menu("mnuDisplayAddress")->text(), "   B1@H300");
-}
-
-TEST_F(StateToolMenusWidgetTest, DeliveredBuildHasNoDeveloperMenu) {
-    if (RunningInIDE() != 0) GTEST_SKIP() << "a development build";
-    PrepareStore(True);
-    Start();
-    EXPECT_EQ(Window().Menu("mnuDev"), nullptr);
-    EXPECT_EQ(Window().Menu("mnuDevTestRoutine"), nullptr);
-    for (QAction* a : Window().menuBar()->actions())
-        EXPECT_NE(a->text(), "Dev");
 }
 
 }  // namespace

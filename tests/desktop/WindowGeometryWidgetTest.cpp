@@ -1,5 +1,4 @@
-// The program's windows on the offscreen platform: remembered places read back from store.db,
-// the main screen's rows scaling with its frame, and the recent files on the File menu.
+// The main screen's remembered place, read back from store.db, on the offscreen platform.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -59,7 +58,6 @@ class ProgramWindows : public ::testing::Test {
         app.reset();
     }
     frmRelay& Window() { return *app->MainWindow(); }
-    QAction* Recent(int n) { return Window().Menu("mnuMRUFiles", n); }
 };
 
 TEST_F(ProgramWindows, TheMainScreenComesBackWhereItWasUnlessTheUserResizedIt) {
@@ -80,41 +78,6 @@ TEST_F(ProgramWindows, TheMainScreenComesBackWhereItWasUnlessTheUserResizedIt) {
     Stop();
     EXPECT_EQ(StoredPlace(dir.File("store.db"), "frmRelay"),
               Place(150, 120, design.width(), design.height()));
-}
-
-TEST_F(ProgramWindows, OpenedAndSavedFilesAreOnTheFileMenuAndAClickOpensOne) {
-    Start();
-    EXPECT_FALSE(Recent(0)->isVisible());
-    EXPECT_TRUE(Recent(0)->isSeparator());
-    app->system().frmRelay.StartTime[PairIndex(1, 0)] = "08:00";
-    app->system().frmRelay.EndTime[PairIndex(1, 0)] = "09:00";
-    dialogs.answers = {dir.File("last week.run"), dir.File("this & that.run")};
-    Window().Menu("mnuFileSaveAs")->trigger();
-    Window().Menu("mnuFileSaveAs")->trigger();
-    EXPECT_TRUE(Recent(0)->isVisible());
-    EXPECT_EQ(Recent(1)->text().toStdString(), dir.File("this && that.run"));
-    EXPECT_EQ(Recent(2)->text().toStdString(), dir.File("last week.run"));
-    EXPECT_FALSE(Recent(3)->isVisible());
-
-    Window().Menu("mnuFileNew")->trigger();
-    EXPECT_EQ(Window().txtStartTime[PairIndex(1, 0)]->text(), "");
-    Stop();
-
-    // The list outlives the run; a click opens the file as File > Open does.
-    Start();
-    ASSERT_TRUE(Recent(2)->isVisible());
-    Recent(2)->trigger();
-    EXPECT_EQ(Window().windowTitle().toStdString(), dir.File("last week.run"));
-    EXPECT_EQ(Window().txtStartTime[PairIndex(1, 0)]->text(), "08:00");
-    EXPECT_EQ(Recent(1)->text().toStdString(), dir.File("last week.run"));
-
-    // A file that has gone: the load error, and it leaves the list.
-    std::remove(dir.File("this & that.run").c_str());
-    Recent(2)->trigger();
-    EXPECT_EQ(messages.shown.back().Prompt, "New, error encountered loading selected Run-Schedule");
-    EXPECT_EQ(Recent(1)->text().toStdString(), dir.File("last week.run"));
-    EXPECT_FALSE(Recent(2)->isVisible());
-    EXPECT_TRUE(dialogs.opened.empty());
 }
 
 }  // namespace

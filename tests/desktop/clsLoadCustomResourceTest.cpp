@@ -2,13 +2,11 @@
 #include <stdlib.h>
 
 #include <QDir>
-#include <QFile>
 #include <optional>
-#include <tuple>
 
 #include "desktop/resources/clsLoadCustomResource.h"
 #include "support/Fakes.h"
-#include "support/TempStore.h"
+#include "support/TempDir.h"
 
 namespace vantrellion {
 namespace {
@@ -31,11 +29,6 @@ class Resources : public ::testing::Test {
         return QString::fromStdString(dir.Path()).chopped(1) + rest;
     }
     QStringList TempFiles() const { return QDir(Tmp()).entryList(QDir::Files); }
-    static QByteArray Read(const QString& file) {
-        QFile f(file);
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }
 
     test::TempDir dir;
 
@@ -53,79 +46,6 @@ TEST_F(Resources, EveryIconOfTheProgramLoads) {
     }
     EXPECT_TRUE(TempFiles().isEmpty()) << TempFiles().join(",").toStdString();
     EXPECT_TRUE(LoadIconResource(999).isNull());
-}
-
-TEST_F(Resources, RichTextsComeAsTemporaryFilesForTheCaller) {
-    const std::tuple<int, const char*, const char*> cases[] = {
-        {101, "rtfAboutDescription", "hydroponics"},
-        {102, "rtfAboutWarning", "NOT FOR LIFE SUPPORT SYSTEMS"},
-        {103, "rtfHelp", "REMEMBER:   NEVER USE Vantrellion for LIFE SUPPORT SYSTEMS"},
-    };
-    for (const auto& [id, type, holds] : cases) {
-        SCOPED_TRACE(type);
-        const QString file = LoadRTFResource(id, type);
-        ASSERT_FALSE(file.isEmpty());
-        EXPECT_TRUE(file.startsWith(Tmp("/~rs")));
-        EXPECT_TRUE(Read(file).contains(holds));
-        EXPECT_EQ(Read(file), *LoadResourceBytes(id, type));
-        QFile::remove(file);
-    }
-    const QString plain = LoadTextResourceName(103, "rtfHelp");
-    EXPECT_EQ(Read(plain), *LoadResourceBytes(103, "rtfHelp"));
-    QFile::remove(plain);
-    EXPECT_TRUE(TempFiles().isEmpty());
-}
-
-TEST_F(Resources, AMissingResourceGivesNothingAndLeavesTheEmptyTemporaryFile) {
-    EXPECT_TRUE(LoadRTFResource(104, "rtfHelp").isEmpty());
-    EXPECT_TRUE(LoadRTFResource(101, "rtfHelp").isEmpty());  // the id exists under another type
-    EXPECT_TRUE(LoadPictureResource(999, IconResourceType).isNull());
-    const QStringList left = TempFiles();
-    ASSERT_EQ(left.size(), 3);
-    for (const auto& name : left) {
-        EXPECT_TRUE(name.startsWith("~rs"));
-        EXPECT_EQ(QFile(Tmp("/") + name).size(), 0);
-    }
-}
-
-TEST_F(Resources, TextAsAStringOrABoxWhenItCannotBeWritten) {
-    test::TestSystem t;
-    const QString help = LoadTextResourceString(t.s, 103, "rtfHelp");
-    EXPECT_TRUE(help.contains("Counter"));
-    EXPECT_TRUE(TempFiles().isEmpty());
-    EXPECT_TRUE(t.messages.shown.empty());
-
-    EXPECT_TRUE(LoadTextResourceString(t.s, 103, "rtfHelp", "/dev/full").isEmpty());
-    EXPECT_EQ(t.messages.shown.size(), 1u);
-}
-
-TEST_F(Resources, SaveResItemToDiskGivesTheErrorNumber) {
-    const QString good = Tmp("/copy.html");
-    const std::pair<QString, int32_t> cases[] = {
-        {good, 0},
-        {"/dev/full", ErrDiskFull},
-        {Tmp("/no/such/folder/x"), ErrPathFileAccess},
-        {QString(), ErrPathFileAccess},
-    };
-    for (const auto& [file, result] : cases)
-        EXPECT_EQ(SaveResItemToDisk(102, "rtfAboutWarning", file), result) << file.toStdString();
-    EXPECT_EQ(Read(good), *LoadResourceBytes(102, "rtfAboutWarning"));
-    EXPECT_EQ(SaveResItemToDisk(7, "rtfAboutWarning", good), ErrResourceNotFound);
-    EXPECT_EQ(Read(good), *LoadResourceBytes(102, "rtfAboutWarning"));  // left as it was
-}
-
-TEST_F(Resources, TemporaryNames) {
-    QString name, second;
-    EXPECT_EQ(GetTempFile(QString(), "~rs", 0, name), True);
-    EXPECT_TRUE(name.startsWith(Tmp("/~rs")));
-    EXPECT_TRUE(QFile::exists(name));
-    GetTempFile(Tmp("/"), "~rs", 0, second);
-    EXPECT_NE(second, name);
-    EXPECT_EQ(GetTempFile("/somewhere", "~rs", 0x1A2B, name), True);
-    EXPECT_EQ(name, "/somewhere/~rs1A2B.tmp");
-    EXPECT_EQ(GetTempFile(Tmp("/missing"), "~rs", 0, name), False);
-    EXPECT_TRUE(name.isEmpty());
-    EXPECT_EQ(StripTerminator(QString("abc") + QChar(u'\0') + "def"), "abc");
 }
 
 }  // namespace

@@ -8,40 +8,6 @@
 namespace vantrellion::test {
 namespace {
 
-TEST(HistoryCommand, ArgumentsAndTheirRefusals) {
-    struct Case {
-        std::vector<std::string> args;
-        bool ok;
-        const char* dir = "";
-        const char* from = "";
-        const char* csv = "";
-    } cases[] = {
-        {{}, true},
-        {{"/srv/logs", "--from", "2026-11-01", "--csv", "nov.csv"},
-         true,
-         "/srv/logs",
-         "2026-11-01",
-         "nov.csv"},
-        {{"--csv", "a.csv", "logs"}, true, "logs", "", "a.csv"},
-        {{"--from"}, false},
-        {{"--png", ""}, false},
-        {{"--since", "2026-11-01"}, false},
-        {{"a", "b"}, false},
-    };
-    for (const Case& c : cases) {
-        HistoryCommand cmd;
-        std::string error;
-        EXPECT_EQ(ParseHistoryCommand(c.args, cmd, error), c.ok) << error;
-        if (!c.ok) {
-            EXPECT_FALSE(error.empty());
-            continue;
-        }
-        EXPECT_EQ(cmd.LogDirectory, c.dir);
-        EXPECT_EQ(cmd.From, c.from);
-        EXPECT_EQ(cmd.CsvFile, c.csv);
-    }
-}
-
 class HistoryCommandTest : public ::testing::Test {
   protected:
     TempDir machine, logs, out;
@@ -85,25 +51,6 @@ class HistoryCommandTest : public ::testing::Test {
             });
     }
 };
-
-TEST_F(HistoryCommandTest, ByDefaultTheLast31DaysOfTheConfiguredLogsAsInTheWindow) {
-    EXPECT_EQ(Run({"--csv", out.File("month.csv"), "--png", out.File("month.png")}), 0);
-    EXPECT_TRUE(stdErr.empty());
-    EXPECT_NE(stdOut.find("Log directory: " + logs.Path()), std::string::npos);
-    EXPECT_NE(stdOut.find("  R1  Lights\n"), std::string::npos);
-    EXPECT_NE(stdOut.find("2026-10-24   9.00"), std::string::npos) << stdOut;
-    EXPECT_NE(stdOut.find("2026-11-20   0.00"), std::string::npos);
-    EXPECT_NE(stdOut.find("no log file"), std::string::npos);
-
-    // The CSV file holds what a reading of the same days gives.
-    HistoryLabels labels = HistoryLabelsFrom(ModRelay{});
-    labels.RelayNames[0] = "Lights";
-    const RunTimeHistory h =
-        ReadRunTimeHistory({logs.Path(), today - 30 * SecondsPerDay, today, now});
-    EXPECT_EQ(out.Read("month.csv"), HistoryCsv(h, labels));
-    ASSERT_EQ(pictures.size(), 1u);
-    EXPECT_EQ(pictures[0], out.File("month.png") + " Lights 31");
-}
 
 TEST_F(HistoryCommandTest, AGivenDirectoryAndRangeAndTheExitStatus) {
     // A directory given without its closing "/".

@@ -54,39 +54,5 @@ TEST(LogLine, KindsAndContentsOfTheLinesALogHolds) {
     }
 }
 
-TEST(LogLine, ControlBytesDamageALine) {
-    using namespace std::string_view_literals;
-    EXPECT_EQ(ParseLogLine("14:07:00 <1 - 3 - - - - 8>R><I\0<- - - - - - - ->I "sv).Kind,
-              LogLineKind::Damaged);
-    EXPECT_EQ(ParseLogLine("\0\0\0\0"sv).Kind, LogLineKind::Damaged);
-    EXPECT_EQ(ParseLogLine("\0\0\0"
-                           "14:07:00 <1 - - - - - - ->R><I<- - - - - - - ->I "sv)
-                  .Kind,
-              LogLineKind::Damaged);
-}
-
-TEST(LogLine, EventLinesKeepTheirTextsAsWritten) {
-    struct Case {
-        const char *line, *date, *first, *second;
-    };
-    const Case cases[] = {
-        {"09:15:02 11/14/2026 Open c:\\farm\\greenhouse.run", "11/14/2026", "Open",
-         "c:\\farm\\greenhouse.run"},
-        {"03:41:17 11/14/2026 ReStart ****** System Crashed & Restarted ******", "11/14/2026",
-         "ReStart", "****** System Crashed & Restarted ******"},
-        {"09:17:41 14.11.2026 Save /home/gr\xFCn/New.run\r", "14.11.2026", "Save",
-         "/home/gr\xFCn/New.run"},
-        {"09:17:41 11/14/2026 Save ", "11/14/2026", "Save", ""},
-        {"09:17:41 11/14/2026 start", "11/14/2026", "start", ""},
-    };
-    for (const Case& c : cases) {
-        const LogLine l = ParseLogLine(c.line);
-        ASSERT_EQ(l.Kind, LogLineKind::Event) << c.line;
-        EXPECT_EQ(l.Date, c.date);
-        EXPECT_EQ(l.First, c.first);
-        EXPECT_EQ(l.Second, c.second);
-    }
-}
-
 }  // namespace
 }  // namespace vantrellion

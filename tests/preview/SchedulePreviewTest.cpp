@@ -170,23 +170,6 @@ TEST(SchedulePreview, ACycleRunsOnEveryDayOfSixtyWhateverTheUptime) {
     EXPECT_FALSE(r.Ended);
 }
 
-TEST(SchedulePreview, LeavesTheRunningStateAlone) {
-    TestSystem t;
-    Apply(t, {{"All Days", "5", {{"08:00", "09:00"}}}, {"All Days", "EO", {{"08:00", "09:00"}}}});
-    t.relay(0).OldState = 1;
-    t.relay(0).CycleStart = 12345;
-    t.frm().EmulatedPort[0] = 0x81;
-    const FrmRelay before = t.frm();
-    RunPreview(TakeSnapshot(t.s), {Friday, Day});
-    EXPECT_EQ(t.relay(0).OldState, 1);
-    EXPECT_EQ(t.relay(0).CycleStart, 12345);
-    EXPECT_EQ(t.frm().EmulatedPort, before.EmulatedPort);
-    EXPECT_EQ(t.frm().PairActive, before.PairActive);
-    EXPECT_TRUE(t.ports.log.empty());
-    EXPECT_TRUE(t.display.invertCaption.empty());
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
 TEST(SchedulePreview, WarnsOfPairsNeverOnDaysNeverMatchedOverlapsAndTheEnd) {
     TestSystem t;
     Apply(t, {
@@ -266,43 +249,6 @@ TEST(SchedulePreview, GoldenCsvAndOnTimesOverMidnightAndAMonthEnd) {
     EXPECT_TRUE(r.Warnings.empty());
     const std::string table = OnTimeTable(r);
     EXPECT_NE(table.find("2026-11-30   2:29:57   0:00:00  23:00:01"), std::string::npos) << table;
-}
-
-TEST(SchedulePreview, DaysOfAPartialSpanAndACancel) {
-    TestSystem t;
-    Apply(t, {{"All Days", "EO", {{"00:00", "23:59:59"}}}});
-    // From 22:00 for five hours: two calendar days, the first from 22:00.
-    PreviewResult r = RunPreview(TakeSnapshot(t.s), {Friday + 22 * 3600, 5 * 3600});
-    EXPECT_EQ(r.DayStarts, (std::vector<LocalSeconds>{Friday + 22 * 3600, Friday + Day}));
-    EXPECT_EQ(r.Relays[0].OnSecondsPerDay, (std::vector<int64_t>{7199, 3 * 3600 - 1}));
-
-    std::atomic<bool> cancel{true};
-    r = RunPreview(TakeSnapshot(t.s), {Friday, 30 * Day}, &cancel);
-    EXPECT_TRUE(r.Cancelled);
-    EXPECT_EQ(r.Evaluations, 0);
-}
-
-TEST(PreviewReport, StartTimesAreReadStrictly) {
-    struct Case {
-        const char* text;
-        std::optional<LocalSeconds> expected;
-    };
-    const Case cases[] = {
-        {"2026-11-27 00:00:00", Friday},
-        {"2028-02-29 12:00:00", ToLocalSeconds({2028, 2, 29, 12, 0, 0, 3})},
-        {"2026-02-29 12:00:00", std::nullopt},
-        {"2026-13-01 00:00:00", std::nullopt},
-        {"2026-11-27 24:00:00", std::nullopt},
-        {"2026-11-27 10:60:00", std::nullopt},
-        {"2026-11-27", std::nullopt},
-        {"2026-11-27T00:00:00", std::nullopt},
-        {"2026-1-27 00:00:00 ", std::nullopt},
-        {"", std::nullopt},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ParsePreviewTime(c.text), c.expected) << c.text;
-    EXPECT_EQ(PreviewTimeText(Friday + 3661), "2026-11-27 01:01:01");
-    EXPECT_EQ(DurationText(100 * 3600 + 61), "100:01:01");
 }
 
 }  // namespace
