@@ -203,19 +203,6 @@ TEST_F(ModbusBoardFixture, AModuleThatGoesAwayIsLoggedOnceRetriedEveryFiveSecond
     EXPECT_NE(Log().find("Board 1 reconnected:"), std::string::npos);
 }
 
-TEST_F(ModbusBoardFixture, RetriesComeAtMostEveryFiveSeconds) {
-    server.Stop();
-    Tick();
-    ASSERT_TRUE(boards.NoContact(0));
-    server.Start();
-    for (int second = 1; second < 5; ++second) {
-        Tick();
-        EXPECT_EQ(server.Connections(), 0) << second;
-    }
-    Tick();
-    EXPECT_EQ(server.Connections(), 1);
-}
-
 // A module that takes the connection but never answers (a listening socket that nobody serves)
 // holds a tick no longer than the time limit, and is then a board without contact.
 TEST_F(ModbusBoardFixture, AModuleThatNeverAnswersHoldsTheTickAtMost200Ms) {

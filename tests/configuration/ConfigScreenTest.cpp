@@ -2,11 +2,11 @@
 
 #include <stdexcept>
 
+#include "configuration/clsConfiguration.h"
+#include "configuration/modRegAPI.h"
 #include "configuration/screens/ConfigScreenFields.h"
 #include "configuration/screens/ConfigScreenLogic.h"
 #include "configuration/screens/ConfigScreenToolTips.h"
-#include "configuration/clsConfiguration.h"
-#include "configuration/modRegAPI.h"
 #include "support/Fakes.h"
 #include "support/TempStore.h"
 
@@ -79,19 +79,6 @@ TEST_F(ConfigScreenTest, ALeftLogPathKeepsTheSharedOneOrTakesTheDefault) {
     }
 }
 
-TEST_F(ConfigScreenTest, AChooserThatFailsCountsAsCancelled) {
-    ConfigScreen f = Loaded(ConfigScreenKind::ConfigColors);
-    const Color before = f.cmdSetColorGroupBkgrnd[0];
-    ColorButton_Click(s, f, ColorArray::cmdSetColorGroupBkgrnd, 0,
-                      [](const std::string&, Color) -> std::optional<Color> {
-                          throw std::runtime_error("no display");
-                      });
-    EXPECT_EQ(f.cmdSetColorGroupBkgrnd[0], before);
-    EXPECT_EQ(m.ColorRelayGroup[0], 0);
-    EXPECT_FALSE(f.SaveEnabled);
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
 // (The widget tests load a configuration with the warning off, where Save starts disabled.)
 TEST_F(ConfigScreenTest, TheWarningOnEnablesSaveWhichTakesEveryControlAndKeepsANonHexNumber) {
     Configured(True);
@@ -112,14 +99,6 @@ TEST_F(ConfigScreenTest, TheWarningOnEnablesSaveWhichTakesEveryControlAndKeepsAN
     EXPECT_EQ(m.WarnOverLapTime, False);
     EXPECT_EQ(m.ColorNameBkgrnd, test::kNameBk);
     EXPECT_EQ(RegReadWithSentinels(s, HKEY_LOCAL_MACHINE, ConfigKeyRead, "BaseAddress1"), "736");
-}
-
-TEST_F(ConfigScreenTest, ToolTipIdsAreNotOneToOneWithTheControls) {
-    EXPECT_EQ(ConfigToolTip("lblBackground"), "Information Only, see Documentation");
-    EXPECT_EQ(ConfigToolTip("cmdSetColorGroupBkgrnd", 7), "Choose Backgroung Color For Group 8");
-    EXPECT_EQ(ConfigToolTip("cmdSetColorIndicator", 6),
-              "Select Color to Indicate MAanual is NOT ON");
-    EXPECT_EQ(ConfigToolTip("cmdSave"), "");
 }
 
 }  // namespace

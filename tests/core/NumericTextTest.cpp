@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "core/NumericText.h"
 #include "configuration/ProgramLocation.h"
 #include "configuration/clsExeOrIDE.h"
+#include "core/NumericText.h"
 
 namespace vantrellion {
 namespace {

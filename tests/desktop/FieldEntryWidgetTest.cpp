@@ -81,69 +81,6 @@ TEST_F(FieldEntryWidgetTest, ARefusedEntryKeepsTheFocusWithTheTextSelectedHoweve
     }
 }
 
-TEST_F(FieldEntryWidgetTest, AcceptedEntriesMoveOnAndReachTheRestartFile) {
-    Type(w->txtDisplayName[1], "Pond pump");
-    PressEnter(w->txtDisplayName[1]);
-    EXPECT_EQ(Focused(), w->txtDaysOfWeek[1]);  // Enter moves by the tab order
-    Type(w->txtDaysOfWeek[1], "246");
-    PressEnter(w->txtDaysOfWeek[1]);
-    EXPECT_EQ(Focused(), w->txtDayHrEvenOdd[1]);
-    QTest::keyClicks(w->txtDayHrEvenOdd[1], "e.d");  // "." is dropped
-    EXPECT_EQ(w->txtDayHrEvenOdd[1]->text(), "ed");
-    Type(w->txtStartTime[PairIndex(1, 0)], "7.15");  // "." becomes ":"
-    EXPECT_EQ(w->txtStartTime[PairIndex(1, 0)]->text(), "7:15");
-    PressTab(w->txtStartTime[PairIndex(1, 0)]);
-    EXPECT_EQ(Focused(), w->txtEndTime[PairIndex(1, 0)]);
-    QTest::keyClicks(w->txtEndTime[PairIndex(1, 0)], "9.30 am");
-    QTest::mouseClick(w->txtStartTime[PairIndex(1, 3)], Qt::LeftButton);
-    EXPECT_EQ(Focused(), w->txtStartTime[PairIndex(1, 3)]);
-    Type(w->txtStartTime[PairIndex(1, 3)], "1:00 PM");
-    Type(w->txtEndTime[PairIndex(1, 3)], "13:30");
-    w->Menu("mnuToolZeroCounters")->trigger();
-    EXPECT_TRUE(commandRan);
-
-    EXPECT_EQ(Prompts(), std::vector<std::string>{});
-    EXPECT_EQ(w->txtDayHrEvenOdd[1]->text(), "ED");  // upper-cased when left
-    EXPECT_EQ(w->lblTotalTime[1]->text(), "02:45:00");
-    EXPECT_EQ(t.frm().FileChanged, True);
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.relay(1).DisplayName, "Pond pump");
-    EXPECT_EQ(u.relay(1).DaysOfWeek, "246");
-    EXPECT_EQ(u.relay(1).DayHrEvenOdd, "ED");
-    EXPECT_EQ(u.frm().StartTime[PairIndex(1, 0)], "7:15");
-    EXPECT_EQ(u.frm().EndTime[PairIndex(1, 0)], "9:30 am");
-    EXPECT_EQ(u.frm().StartTime[PairIndex(1, 3)], "1:00 PM");
-    EXPECT_EQ(u.frm().EndTime[PairIndex(1, 3)], "13:30");
-}
-
-TEST_F(FieldEntryWidgetTest, BlanksInTheCodeFieldBecomeZerosAndEveryKeyRestartsTheCycle) {
-    QLineEdit* code = w->txtDayHrEvenOdd[4];
-    t.relay(4).CycleStart = 1234;
-    Type(code, "  ");
-    EXPECT_EQ(code->text(), "00");
-    EXPECT_EQ(t.relay(4).CycleStart, 0);
-    PressTab(code);
-    EXPECT_EQ(Focused(), w->txtStartTime[PairIndex(4, 0)]);
-    EXPECT_EQ(t.relay(4).DayHrEvenOdd, "00");
-    EXPECT_TRUE(t.messages.shown.empty());
-}
-
-TEST_F(FieldEntryWidgetTest, AnEndTimeWithoutStartIsKeptAfterTheWarning) {
-    const int k = PairIndex(5, 5);
-    Type(w->txtEndTime[k], "17:45");
-    PressEnter(w->txtEndTime[k]);
-    ExpectOneBox(t,
-                 "Start time Required with End time\r\nTo Remove time-pair...\r\n"
-                 "   Remove End time first\r\nTo create Time-pair...\r\n   Enter Start time first",
-                 "Unable to Create Restart File!");
-    EXPECT_NE(Focused(), w->txtEndTime[k]);
-    EXPECT_FALSE(PairIsSet(t.frm(), k));
-    TestSystem u;
-    ReadRestart(u);
-    EXPECT_EQ(u.frm().EndTime[k], "17:45");
-}
-
 TEST_F(FieldEntryWidgetTest, AClickOnALabelDoesNotValidateButTheCloseDoes) {
     Type(w->txtDaysOfWeek[6], "Sun");
     QTest::mouseClick(w->lblManual[6], Qt::LeftButton);
@@ -163,16 +100,6 @@ TEST_F(FieldEntryWidgetTest, AClickOnALabelDoesNotValidateButTheCloseDoes) {
     w->close();
     EXPECT_TRUE(unloaded);
     EXPECT_EQ(t.relay(6).DaysOfWeek, "17");
-}
-
-TEST_F(FieldEntryWidgetTest, FieldsEchoOnFocusAndWhileTypedExceptTheName) {
-    Focus(w->txtStartTime[PairIndex(0, 0)]);
-    Type(w->txtDisplayName[2], "Lamp");
-    EXPECT_EQ(Echo(), "> Relay 3 <");  // the name echoes when entered, not while typed
-    Type(w->txtDaysOfWeek[2], "135");
-    EXPECT_EQ(Echo(), "> 135 <");
-    Type(w->txtDaysOfWeek[2], "");
-    EXPECT_EQ(Echo(), "");
 }
 
 }  // namespace

@@ -122,15 +122,5 @@ TEST_F(EventLog, TheLogIsLatin1UntilALineNeedsUtf8) {
         "09:15:02 11/15/2026 Save " + pump + "\r\n" + "09:15:02 11/15/2026 Open " + cafe + "\r\n");
 }
 
-TEST_F(EventLog, LoggingOffLeavesNoTraceAndTheTimerAlone) {
-    for (Flag off : {False, Flag(1)}) {
-        s.modRelay.LoggingOnOff = off;
-        const int changes = ts.timer.changes;
-        WriteEventLog(s, "ReStart", "****** System Crashed & Restarted ******");
-        EXPECT_EQ(ts.timer.changes, changes);
-    }
-    EXPECT_FALSE(dir.Exists(kToday));
-}
-
 }  // namespace
 }  // namespace vantrellion

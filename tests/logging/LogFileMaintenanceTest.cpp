@@ -35,13 +35,6 @@ TEST(LogFileMaintenance, ListsOnlyMatchingRegularFilesByName) {
     EXPECT_TRUE(ListLogFiles(dir.File("missing")).empty());
 }
 
-TEST(LogFileMaintenance, DeletePathJoinsTheNameDirectlyOntoTheDirectoryWithItsSeparator) {
-    EXPECT_EQ(LogFileDeletePath("/", "Vantrellion.log"), "/Vantrellion.log");
-    EXPECT_EQ(LogFileDeletePath("/home/u/logs", "Vantrellion.log"), "/home/u/logs/Vantrellion.log");
-    EXPECT_EQ(LogFileDeletePath("/home/u/logs/", "Vantrellion.log"),
-              "/home/u/logs/Vantrellion.log");
-}
-
 TEST(LogFileMaintenance, OpenDialogStartsAtTodaysLogAndTheBoxesKeepTheirWording) {
     test::TestSystem t;
     t.mod().LogFilePath = "/var/log/vt/";

@@ -12,11 +12,6 @@
 namespace vantrellion::test {
 namespace {
 
-TEST(BuildConstants, VersionTextIsComposedFromTheBounds) {
-    EXPECT_EQ(ComposeFileVersion(), "FV.2001.05.01|.b0.r7.t5");
-    EXPECT_EQ(PairSlots, 48);
-}
-
 TEST(ResetRelayRecords, NewScheduleLeavesTotalsAndSpareRecord) {
     TestSystem t;
     t.relay(3).TotalTime = "01:00:00";

@@ -61,32 +61,5 @@ TEST_F(ListingTest, ListingReadsEveryPortOfTheRangeEvenInEmulation) {
     EXPECT_TRUE(t.timer.enabled);
 }
 
-TEST_F(ListingTest, ResourceListingGoesToTheLogAndTheProgramDirectory) {
-    t.clock.SetTime(9, 5, 7);
-    TempDir program;
-    program.Write(ResourceListFileName, "an older listing\r\n");
-    mnuDevPrintResourceFile(t.s, program.Path().substr(0, program.Path().size() - 1));
-
-    const std::vector<std::string> listing = Lines(program.Read(ResourceListFileName));
-    ASSERT_GE(listing.size(), 3u);
-    EXPECT_EQ(listing.front(),
-              " ------Resources for Vantrellion (String Only)------ 11/16/2026 09:05:07");
-    EXPECT_EQ(listing.back(),
-              " ------Resources End Vantrellion-------------------- 11/16/2026 09:05:07");
-    EXPECT_NE(
-        std::find(listing.begin(), listing.end(), "1400 AUTOMATIC RESTART following System Crash"),
-        listing.end());
-    std::vector<std::string> logged = Lines(dir.Read(log));
-    logged.erase(logged.begin());  // "earlier line"
-    EXPECT_EQ(logged, listing);
-    EXPECT_TRUE(t.timer.enabled);
-}
-
-TEST_F(ListingTest, TestRoutineRefreshesEveryRowThenMeetsTheEndOfThePairs) {
-    t.SetPair(7, 0, "08:00", "09:30");
-    EXPECT_THROW(mnuDevTestRoutine(t.s), FatalError);  // pair 48 lies beyond this build
-    EXPECT_EQ(t.display.totalCaption[7], "01:30:00");
-}
-
 }  // namespace
 }  // namespace vantrellion::test

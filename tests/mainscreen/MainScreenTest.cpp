@@ -62,20 +62,6 @@ TEST_F(MainScreenTest, EmulationRuleAndAddressReadOut) {
     }
 }
 
-TEST_F(MainScreenTest, LoggingCaptionAndDefaultLogDirectory) {
-    t.mod().LoggingOnOff = True;
-    t.mod().LogFilePath = " ";
-    RefreshTitleAndMenus(t.s);
-    EXPECT_EQ(Text(Control::mnuToolLogging), "Logging (On)");
-    EXPECT_EQ(t.mod().LogFilePath, dir.Path());
-    t.mod().LoggingOnOff = 1;  // not exactly -1: off
-    RefreshTitleAndMenus(t.s);
-    EXPECT_EQ(Text(Control::mnuToolLogging), "Logging (Off)");
-    t.mod().TimeWindowShown = True;
-    RefreshTitleAndMenus(t.s);
-    EXPECT_EQ(Text(Control::mnuHelpTimeWin), "Time Window (Remove)");
-}
-
 TEST_F(MainScreenTest, RowsFilledFromRecords) {
     ResetRowVisuals(t.s);
     EXPECT_EQ(Text(Control::txtStartTime, 5), " ");
@@ -113,42 +99,6 @@ TEST_F(MainScreenTest, RowResetUndoesTheLastSchedulesStopAndIcon) {
         EXPECT_TRUE(t.screen.IsEnabled(c, 4));
     for (int i = 0; i < 8; ++i)
         EXPECT_EQ((t.screen.picture[{Control::imgIDIcon, i}]), "res:" + std::to_string(121 + i));
-}
-
-TEST_F(MainScreenTest, StatusHintIsSilentWhileRowsAreFilled) {
-    t.frm().RowsShown = False;
-    ShowStatusHint(t.s, "08:00");
-    EXPECT_EQ(Text(Control::StatusBar1, 5), "");
-    t.frm().RowsShown = True;
-    ShowStatusHint(t.s, "08:00");
-    EXPECT_EQ(Text(Control::StatusBar1, 5), "> 08:00 <");
-    EXPECT_EQ(t.screen.statusFontSize, 11);
-    EXPECT_TRUE(t.screen.statusFontBold);
-    ShowStatusHint(t.s, "");
-    EXPECT_EQ(Text(Control::StatusBar1, 5), "");
-    EXPECT_EQ(t.screen.statusFontSize, 8);
-}
-
-TEST_F(MainScreenTest, OneLoadIconErrorPerLoad) {
-    dir.Write("good.ico", "picture");
-    dir.Write("empty.ico", "");
-    t.relay(0).IconFile = dir.File("good.ico");
-    t.relay(1).IconFile = dir.File("missing1.ico");
-    t.relay(2).IconFile = dir.File("missing2.ico");
-    t.relay(3).IconFile = dir.File("empty.ico");
-    LoadRowIcons(t.s, true);
-    ASSERT_EQ(t.messages.shown.size(), 1u);
-    const auto& box = t.messages.shown[0];
-    EXPECT_EQ(box.Title, "Load Icon Error ");
-    EXPECT_EQ(box.BoxIcon, Icon::Exclamation);
-    EXPECT_NE(box.Prompt.find("\r\n (4) You Should ReSelect Missing Icons\r\n\r\nThen Save your "
-                              "Run File to correct\r\n  Schedule Load will comtinue in a moment"),
-              std::string::npos);
-    EXPECT_EQ((t.screen.picture[{Control::imgIDIcon, 0}]), dir.File("good.ico"));
-    EXPECT_EQ(t.screen.picture.count({Control::imgIDIcon, 3}), 0u);
-
-    LoadRowIcons(t.s, false);  // after a crash restart: silent
-    EXPECT_EQ(t.messages.shown.size(), 1u);
 }
 
 }  // namespace

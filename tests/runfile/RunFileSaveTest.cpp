@@ -138,31 +138,6 @@ TEST_F(RunFileTest, NamesOfAnyCharactersAndPunctuationLoadBackWhole) {
     }
 }
 
-// A file is read as UTF-8 only when its bytes are valid UTF-8 with a multi-byte sequence;
-// anything else is Latin-1, byte by byte. Nothing is replaced by a stand-in character.
-TEST_F(RunFileTest, TheLoaderTellsUtf8FromLatin1ByTheBytes) {
-    const struct {
-        const char* name;
-        std::string bytesOnDisk, inMemory;
-    } cases[] = {
-        {"latin-1", "Caf\xE9", "Caf\xC3\xA9"},
-        {"utf-8", "Caf\xC3\xA9", "Caf\xC3\xA9"},
-        {"utf-8 look-alike that is not valid", "Caf\xC3\xA9 \xFF", "Caf\xC3\x83\xC2\xA9 \xC3\xBF"},
-        {"ascii", "Cafe", "Cafe"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        SetUpPump(s);
-        ASSERT_TRUE(SaveRunFile(s, dir.Path(), "base.run"));
-        auto lines = SplitCrLf(dir.Read("base.run"));
-        lines[2] = c.bytesOnDisk;
-        dir.Write("enc.run", test::JoinCrLf(lines));
-        test::TestSystem other;
-        ASSERT_EQ(LoadRunFile(other.s, dir.Path(), "enc.run", true), RunFileLoaded);
-        EXPECT_EQ(other.s.frmRelay.Relay[0].DisplayName, c.inMemory);
-    }
-}
-
 // Message boxes that note whether the timer was running while they were up.
 class TimerWatchingMessages : public test::FakeMessages {
   public:
@@ -205,40 +180,6 @@ TEST_F(RunFileTest, ReportsEachWriteFailureAndKeepsTheSchedule) {
         EXPECT_FALSE(boxes.timerOnDuringBox);
         EXPECT_TRUE(ts.timer.enabled);
         test::ExpectSameSchedule(s, before);
-    }
-}
-
-// A file size limit makes the write stop at a chosen byte, so that both wordings of a write
-// error can be seen: the header's up to the first time line, the time array's from it on.
-TEST_F(RunFileTest, AWriteErrorIsWordedByWhereItHappens) {
-    SetUpPump(s);
-    ASSERT_TRUE(SaveRunFile(s, dir.Path(), "full.run"));
-    const std::string full = dir.Read("full.run");
-    const size_t firstTimeLine = full.find("08:00\r\n");
-    const size_t relay4Name = full.find("Relay 4\r\n");
-    struct {
-        size_t limit;
-        const char* title;
-    } cases[] = {{firstTimeLine - 1, "Error Writing Data File"},
-                 {firstTimeLine, "Error Writing Time Array"},
-                 {relay4Name + 2, "Error Writing Time Array"}};
-    for (const auto& c : cases) {
-        dir.Write("cut.run", "FV20000424\r\n");
-        const int code = test::RunInChild([&] {
-            test::TestSystem t;
-            SetUpPump(t.s);
-            std::signal(SIGXFSZ, SIG_IGN);
-            const rlimit lim{c.limit, c.limit};
-            if (setrlimit(RLIMIT_FSIZE, &lim) != 0) return 10;
-            if (SaveRunFile(t.s, dir.Path(), "cut.run")) return 11;
-            if (t.messages.shown.size() != 1) return 12;
-            if (t.messages.shown[0].Title != c.title) return 13;
-            return t.messages.shown[0].Prompt == std::strerror(EFBIG) ? 0 : 14;
-        });
-        EXPECT_EQ(code, 0) << "limit " << c.limit;
-        // The file keeps what it held, and the part that got out is not left behind.
-        EXPECT_EQ(dir.Read("cut.run"), "FV20000424\r\n");
-        EXPECT_EQ(DirectoryEntries(dir), (std::set<std::string>{"cut.run", "full.run"}));
     }
 }
 
