@@ -8,6 +8,7 @@
 #include "logging/EventLog.h"
 #include "runfile/CrashRestart.h"
 #include "support/Fakes.h"
+#include "support/TempDir.h"
 
 namespace vantrellion::test {
 namespace {
@@ -137,6 +138,9 @@ TEST_F(TickTest, ABoxOfTheTickIsShownAfterItWithTheTimerHeld) {
 // Holds are counted: a command that holds the timer and calls others that hold it too (the
 // restart file and the log both do) keeps it off until its own end.
 TEST_F(TickTest, NestedHoldsGiveTheTimerBackOnlyAtTheOutermostEnd) {
+    TempDir dir;
+    t.s.platform.machineDirectory = dir.Path();
+    t.mod().LogFilePath = dir.Path();
     t.mod().LoggingOnOff = True;
     t.timer.enabled = true;
     {
