@@ -501,7 +501,7 @@ void ConfigScreenWindow::closeEvent(QCloseEvent* event) {
     bool stop = false;
     RunCommand(s_, [&] {
         PullTexts();
-        stop = ConfigForm_QueryUnload(s_, f_);
+        stop = ConfigForm_QueryUnload(s_, f_, [this] { SaveConnections(); });
     });
     if (stop) {
         event->ignore();

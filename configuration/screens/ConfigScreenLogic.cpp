@@ -207,7 +207,7 @@ Answer FormAskFileSaveCancel(System& s, ConfigScreen& /*f*/, const std::string& 
     return s.Message(MessageBoxRequest{"Save File?", Buttons::YesNoCancel, Icon::None, 2, "Save?"});
 }
 
-bool ConfigForm_QueryUnload(System& s, ConfigScreen& f) {
+bool ConfigForm_QueryUnload(System& s, ConfigScreen& f, const std::function<void()>& alsoSave) {
     if (f.FormChanged == 0) return false;
     switch (FormAskFileSaveCancel(s, f, "Configuration")) {
         case Answer::Cancel:
@@ -220,6 +220,7 @@ bool ConfigForm_QueryUnload(System& s, ConfigScreen& f) {
             // are not read on this route.
             const KeyValueStore::UserChange byUser(s.platform.store);
             ConfigurationSaveToReg(s);
+            if (alsoSave) alsoSave();
             break;
         }
     }

@@ -4,6 +4,7 @@
 // controls, it does nothing there.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "configuration/CheckConfigurationAtStart.h"
@@ -59,9 +60,10 @@ void cmdCancel_Click(System& s, ConfigScreen& f, FirstRunScreens& screens);
 Answer FormAskFileSaveCancel(System& s, ConfigScreen& f, const std::string& argument);
 
 // Closing by any route. With the changed flag set, asks: Yes stores the shared state as it
-// stands (without the controls), No reloads the store, Cancel keeps the screen. True when the
-// close is to be stopped.
-bool ConfigForm_QueryUnload(System& s, ConfigScreen& f);
+// stands (without the controls), and then whatever alsoSave stores (the board connections,
+// which live apart from the shared state); No reloads the store, Cancel keeps the screen. True
+// when the close is to be stopped.
+bool ConfigForm_QueryUnload(System& s, ConfigScreen& f, const std::function<void()>& alsoSave = {});
 
 // The title of a screen, and whether a menu item of it is shown.
 std::string ConfigScreenTitle(ConfigScreenKind kind);

@@ -63,6 +63,12 @@ TEST_F(ConnectionFieldWidgetTest, ShowsTheBoardsTextListsTheBoardsFoundAndStores
               std::string::npos);
     EXPECT_EQ(ConfigurationBoardConnectionLoad(t.s, 0), "modbus-tcp://10.0.0.5:502?unit=2");
     EXPECT_TRUE(w->cmdSave->isEnabled());
+
+    // Closing the screen and answering Yes stores an edited connection too.
+    Type("emulated://");
+    t.messages.answers = {Answer::Yes};
+    w->close();
+    EXPECT_EQ(ConfigurationBoardConnectionLoad(t.s, 0), "emulated://");
 }
 
 }  // namespace
