@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "boardio/BoardSet.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsExeOrIDE.h"
 
@@ -42,9 +43,19 @@ void RefreshTitleAndMenus(System& s) {
         v.SetChecked(Control::mnuToolLogging, 0, false);
     }
 
+    // A board driven through a connection of its own (a Modbus module, a USB card...) is there
+    // whatever its port address says; the port address names a board of the port library.
+    const auto connectedOther = [&s](int b) -> std::string {
+        if (!s.platform.boards || b > LastBoard) return "";
+        const std::string& text = s.platform.boards->Connection(b);
+        if (text.empty() || text.rfind("ports://", 0) == 0 || text.rfind("emulated://", 0) == 0 ||
+            !s.platform.boards->Problem(b).empty())
+            return "";
+        return text;
+    };
     bool anyBoard = false;
-    for (const BoardRecord& b : m.Board)
-        anyBoard = anyBoard || b.BaseAddress != 0;
+    for (int b = 0; b < BoardSlots; ++b)
+        anyBoard = anyBoard || m.Board[b].BaseAddress != 0 || !connectedOther(b).empty();
     if (m.RunNoBoards == 0 && anyBoard) {  // 4
         m.RunNoBoards = False;
         v.SetChecked(Control::mnuToolRunNoBoards, 0, false);
@@ -52,8 +63,11 @@ void RefreshTitleAndMenus(System& s) {
         for (int n = 0; n < BoardSlots; ++n)
             v.SetEnabled(Control::mnuStateDisplayInput, n, true);
         std::string address;
-        for (int b = 0; b <= LastBoard; ++b)
-            address += "   B" + std::to_string(b + 1) + "@H" + HexUpper(m.Board[b].BaseAddress);
+        for (int b = 0; b <= LastBoard; ++b) {
+            const std::string other = connectedOther(b);
+            address += "   B" + std::to_string(b + 1) +
+                       (other.empty() ? "@H" + HexUpper(m.Board[b].BaseAddress) : " " + other);
+        }
         v.SetText(Control::mnuDisplayAddress, 0, address);
     } else {  // 5
         m.RunNoBoards = True;

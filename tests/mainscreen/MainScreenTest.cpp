@@ -1,6 +1,7 @@
 // The main screen's refill, title and menus, icons and status hints, without a window.
 #include <gtest/gtest.h>
 
+#include "boardio/BoardSet.h"
 #include "mainscreen/LoadRowIcons.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "mainscreen/RowRefill.h"
@@ -55,6 +56,16 @@ TEST_F(MainScreenTest, EmulationRuleAndAddressReadOut) {
               "Emulation Mode (Currently Running in Emulation Mode)");
     EXPECT_TRUE((t.screen.checked[{Control::mnuToolRunNoBoards, 0}]));
     EXPECT_FALSE((t.screen.enabled[{Control::mnuStateDisplayInput, 0}]));
+
+    // A board on a connection of its own runs with boards whatever its port address.
+    BoardSet boards;
+    t.s.platform.boards = &boards;
+    boards.SetConnection(0, "modbus-tcp://127.0.0.1:1502?unit=1");
+    t.mod().RunNoBoards = False;
+    RefreshTitleAndMenus(t.s);
+    EXPECT_EQ(t.mod().RunNoBoards, 0);
+    EXPECT_EQ(Text(Control::mnuDisplayAddress), "   B1 modbus-tcp://127.0.0.1:1502?unit=1");
+    t.s.platform.boards = nullptr;
     // Boards 2 to 4 are greyed in every case.
     for (int n = 1; n <= 3; ++n) {
         EXPECT_FALSE((t.screen.enabled[{Control::mnuStateManualBoard, n}]));
