@@ -17,23 +17,14 @@
 #include "support/ModbusTestServer.h"
 #include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
+#include "tests/desktop/MenuProgramFixture.h"
 #include "tests/desktop/ModalAnswerer.h"
 
 namespace vantrellion::test {
 namespace {
 
-class BoardConnectionProgramTest : public ::testing::Test {
+class BoardConnectionProgramTest : public MenuProgramTest {
   protected:
-    TempDir dir;
-    FakeClock clock;
-    SimulatedPorts ports;
-    std::unique_ptr<VantrellionApp> app;
-
-    void SetUp() override { clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2}; }
-    void TearDown() override {
-        if (app && app->MainWindow()) app->MainWindow()->Unload = nullptr;
-        app.reset();
-    }
     // Board 1 with its connection text, running with boards.
     void PrepareStore(const std::string& connection) {
         SaveTestConfiguration(dir, False, True);
@@ -53,7 +44,6 @@ class BoardConnectionProgramTest : public ::testing::Test {
             VantrellionApp::Options{dir.Path(), &clock, &ports, nullptr, nullptr, dir.Path()});
         return app->Main();
     }
-    System& Sys() { return app->system(); }
     // One second on and one tick.
     void Tick() {
         clock.Advance(1);
