@@ -117,6 +117,19 @@ std::string EncodeTextFileBytes(std::string_view utf8) {
     return EncodeTextFileBytes(utf8, used);
 }
 
+std::string DecodeLogText(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const size_t end = bytes.find('\n');
+        const std::string_view line =
+            bytes.substr(0, end == std::string_view::npos ? end : end + 1);
+        text += IsValidUtf8(line) ? std::string(line) : Latin1ToUtf8(line);
+        bytes.remove_prefix(line.size());
+    }
+    return text;
+}
+
 std::string Utf8Prefix(std::string_view utf8, size_t count) {
     size_t pos = 0;
     for (size_t chars = 0; chars < count && pos < utf8.size(); ++chars) {

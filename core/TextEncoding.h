@@ -25,6 +25,11 @@ std::string Latin1ToUtf8(std::string_view latin1);
 // The file's bytes as a text in memory, by the rule of DetectTextFileEncoding.
 std::string DecodeTextFile(std::string_view bytes);
 
+// A log's bytes as a text in memory, line by line: a line that is valid UTF-8 is taken as
+// UTF-8, any other as Latin-1. A day's log may hold Latin-1 lines written before the first
+// line that needed UTF-8, and any later line of an older program.
+std::string DecodeLogText(std::string_view bytes);
+
 // True when the text is valid UTF-8 and every character is in Latin-1 (U+0000 to U+00FF).
 bool FitsLatin1(std::string_view utf8);
 // The bytes that stand for the text in a text file: Latin-1 when every character fits,

@@ -6,6 +6,7 @@
 #include <QResizeEvent>
 #include <QTextCharFormat>
 
+#include "core/TextEncoding.h"
 #include "desktop/PrinterChoice.h"
 #include "desktop/QtConvert.h"
 #include "desktop/clsPrintScreenOrForm.h"
@@ -131,8 +132,9 @@ bool frmLogFileViewer::LoadText(const QString& path) {
     if (!file.open(QIODevice::ReadOnly)) return false;
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError) return false;
-    // Log files are Latin-1 with CR LF line ends.
-    QString text = QString::fromLatin1(bytes);
+    // Log files have CR LF line ends; a line is UTF-8 where it is valid UTF-8, else Latin-1.
+    QString text = QString::fromStdString(
+        DecodeLogText(std::string_view(bytes.constData(), static_cast<size_t>(bytes.size()))));
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
 
     // A log of several megabytes goes in by pieces of whole lines, with the timers served in

@@ -30,6 +30,16 @@ TEST(TextEncoding, ReadingTellsUtf8FromLatin1) {
     EXPECT_EQ(DecodeTextFile("Caf\xC3\xA9"), "Caf\xC3\xA9");
 }
 
+// A log read for the viewer: each line by its own bytes.
+TEST(TextEncoding, ALogIsReadLineByLine) {
+    EXPECT_EQ(DecodeLogText("09:00 Gew\xE4"
+                            "chshaus\r\n09:01 Gew\xC3\xA4"
+                            "chshaus \xCE\xA9\r\nend"),
+              "09:00 Gew\xC3\xA4"
+              "chshaus\r\n09:01 Gew\xC3\xA4"
+              "chshaus \xCE\xA9\r\nend");
+}
+
 TEST(TextEncoding, WritingKeepsLatin1WheneverEveryCharacterFits) {
     const struct {
         std::string text;
