@@ -69,6 +69,11 @@ int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string&
     }
 }
 
+bool CancelledAtSaveQuestion(System& s) {
+    return s.frmRelay.FileChanged != 0 &&
+           FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName) == 2;
+}
+
 void SplitChosenFileName(System& s, const std::string& chosen) {
     const auto slash = chosen.rfind('/');
     const std::string last = slash == std::string::npos ? chosen : chosen.substr(slash + 1);
@@ -80,9 +85,7 @@ void mnuFileNew(System& s) {
     FrmRelay& f = s.frmRelay;
     const CheckTimeHold hold(s);
     // Cancel (or Escape) on the question stops New and keeps the schedule.
-    if (f.FileChanged != 0 &&
-        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName) == 2)
-        return;
+    if (CancelledAtSaveQuestion(s)) return;
     f.AutoRestarted = False;
     RemoveTheRestartFile(s);
     s.modRelay.DataFileName = "";
@@ -94,10 +97,9 @@ void mnuFileNew(System& s) {
 }
 
 void mnuFileOpen(System& s) {
-    FrmRelay& f = s.frmRelay;
     ModRelay& m = s.modRelay;
     const CheckTimeHold hold(s);
-    if (f.FileChanged != 0 && FormAskFileSaveCancel(s, m.DataFilePath, m.DataFileName) == 2) return;
+    if (CancelledAtSaveQuestion(s)) return;
 
     FileDialogRequest dialog;
     dialog.InitialDirectory = m.DataFilePath;
@@ -114,9 +116,7 @@ void mnuFileOpen(System& s) {
 
 bool mnuMRUFiles(System& s, const std::string& fileName) {
     const CheckTimeHold hold(s);
-    if (s.frmRelay.FileChanged != 0 &&
-        FormAskFileSaveCancel(s, s.modRelay.DataFilePath, s.modRelay.DataFileName) == 2)
-        return false;
+    if (CancelledAtSaveQuestion(s)) return false;
     return OpenChosenRunFile(s, fileName);
 }
 

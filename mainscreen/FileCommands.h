@@ -20,6 +20,9 @@ bool OpenChosenRunFile(System& s, const std::string& chosen);
 
 // "Save File?" with Yes, No and Cancel. 2 when the user chose Cancel, otherwise 0.
 int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string& FileName);
+// With unsaved changes, asks "Save File?"; true when the user cancelled (Cancel or Escape), so
+// that the command stops and the schedule stays.
+bool CancelledAtSaveQuestion(System& s);
 void ShowFileSaveDialog(System& s);
 // Splits the dialog's full name at its last "/": DataFileName is the last piece, DataFilePath
 // the rest with its trailing "/".
