@@ -224,6 +224,14 @@ std::string BoardSet::Status(const System& s, int board) const {
     return "";
 }
 
+bool BoardSet::Driven(const System& s, int board) const {
+    const Slot& slot = *slots_.at(board);
+    if (s.modRelay.RunNoBoards != 0 || !slot.problem.empty()) return false;
+    if (slot.driver == &EmulatedBoardDriver) return false;
+    if (slot.driver->addressed) return !s.platform.ports || s.platform.ports->Reachable();
+    return !slot.noContact;
+}
+
 bool BoardSet::HasInputs(const System& s, int board) const {
     const Slot& slot = *slots_.at(board);
     if (s.modRelay.RunNoBoards != 0 || slot.driver->addressed) return true;

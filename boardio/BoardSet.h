@@ -52,6 +52,9 @@ class BoardSet {
     bool NoContact(int board) const;
     // What the status line says of a board beside its bits: "" when all is normal.
     std::string Status(const System& s, int board) const;
+    // Whether the board's outputs reach a real board: not emulated, a valid connection text,
+    // and a board that answers (for the port drivers, a port space that can be reached).
+    bool Driven(const System& s, int board) const;
     // Whether the board has inputs at all (a USB relay card has none).
     bool HasInputs(const System& s, int board) const;
 

@@ -35,6 +35,7 @@ class LibraryPorts : public Ports {
 
     // Whether a problem has been found (told or not yet told).
     bool Unavailable() const { return !problem_.empty(); }
+    bool Reachable() const override { return !Unavailable(); }
 
   private:
     void Load();

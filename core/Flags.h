@@ -16,6 +16,8 @@ inline constexpr Flag ToFlag(bool b) {
 
 // Colours are 32-bit numbers: blue in the high byte, then green, then red.
 using Color = int32_t;
+// A background that is not set: the control shows its window's own colour.
+inline constexpr Color DefaultBackColor = -1;
 inline constexpr Color Rgb(int r, int g, int b) {
     return r | (g << 8) | (b << 16);
 }

@@ -83,4 +83,11 @@ int64_t BootTimeMs() {
     return int64_t{ts.tv_sec} * 1000 + ts.tv_nsec / 1000000;
 }
 
+std::string AnswerCaption(const MessageBoxRequest& r, Answer a) {
+    const std::vector<Answer> answers = AnswersOf(r.ButtonSet);
+    for (size_t n = 0; n < answers.size() && n < r.ButtonTexts.size(); ++n)
+        if (answers[n] == a && !r.ButtonTexts[n].empty()) return r.ButtonTexts[n];
+    return AnswerText(a);
+}
+
 }  // namespace vantrellion

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/Constants.h"
 #include "core/Flags.h"
@@ -75,6 +76,9 @@ struct MessageBoxRequest {
     // TimeoutAnswer, so that an unattended controller never waits on a person for long.
     int TimeoutSeconds = 0;
     Answer TimeoutAnswer = Answer::OK;
+    // Captions that replace those of the set's buttons, in order ("" keeps a caption), for a
+    // box whose answers are actions rather than OK or Cancel.
+    std::vector<std::string> ButtonTexts{};
 };
 
 // The answer of the box's default button.
@@ -84,6 +88,9 @@ Answer DefaultAnswer(const MessageBoxRequest& r);
 Answer UnattendedAnswer(const MessageBoxRequest& r);
 // The caption of an answer's button ("OK", "Cancel", "Yes" ...).
 const char* AnswerText(Answer a);
+// The caption of the button that gives the answer in this box: its own text where the box
+// names one, otherwise the answer's.
+std::string AnswerCaption(const MessageBoxRequest& r, Answer a);
 
 class MessageBoxes {
   public:
@@ -142,6 +149,8 @@ class Ports {
     virtual ~Ports() = default;
     virtual int16_t In8255(int16_t port) = 0;
     virtual int16_t Out8255(int16_t port, int16_t value) = 0;
+    // False once the port space is known to be out of reach (reads give 0, writes are lost).
+    virtual bool Reachable() const { return true; }
 };
 
 // Modal file dialogs. Filters are in the system's form, "Run File (*.run)|*.run"; an empty

@@ -98,6 +98,7 @@ struct FrmRelay {
     Flag UnloadStarted = 0;
 
     Flag AutoRestarted = 0;     // the schedule in memory came from the restart file
+    std::string BoardMark;      // what panel 1 of the status bar says of the boards now
     Flag RestartDisabled = 0;   // writing the restart file failed; no retry until New or Open
     int16_t LastLogMinute = 0;  // minute number of the last state line written to the log
 };

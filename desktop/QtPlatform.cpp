@@ -130,6 +130,8 @@ std::optional<Answer> RunMessageBox(const MessageBoxRequest& r, const std::funct
     for (const Choice& c : choices)
         all |= c.button;
     box.setStandardButtons(all);
+    for (size_t n = 0; n < choices.size() && n < r.ButtonTexts.size(); ++n)
+        if (!r.ButtonTexts[n].empty()) box.button(choices[n].button)->setText(Q(r.ButtonTexts[n]));
     const size_t def = static_cast<size_t>(std::max(1, r.DefaultButton)) - 1;
     if (def < choices.size()) box.setDefaultButton(choices[def].button);
     bool becameReady = false;

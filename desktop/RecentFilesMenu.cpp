@@ -46,6 +46,12 @@ void RecentFilesMenu::FileUsed(const std::string& fullName) {
     files.Update(menu);
 }
 
+std::string RecentFilesMenu::MostRecent() {
+    clsMRUmostRecentlyUsedFiles files(settings_);
+    files.Load();
+    return files.Item(1);
+}
+
 void RecentFilesMenu::Open(int index) {
     clsMRUmostRecentlyUsedFiles files(settings_);
     files.Load();

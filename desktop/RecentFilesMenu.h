@@ -18,6 +18,7 @@ class RecentFilesMenu : public RecentFiles {
     // The stored list onto the menu.
     void Show();
     void FileUsed(const std::string& fullName) override;
+    std::string MostRecent() override;
     // mnuMRUFiles(index): opens the entry's file.
     void Open(int index);
 

@@ -24,6 +24,7 @@
 #include "desktop/RunTimeHistoryMenu.h"
 #include "desktop/SchedulePreviewMenu.h"
 #include "desktop/ShowConfigForms.h"
+#include "desktop/ShowRequests.h"
 #include "desktop/StateToolMenus.h"
 #include "engine/Tick.h"
 #include "logging/TimeLimitedBoxes.h"
@@ -124,9 +125,20 @@ bool VantrellionApp::Main() {
     try {
         EnsureDirectory(s_.platform.machineDirectory);
         instanceLock_ = std::make_unique<InstanceLock>(s_.platform.machineDirectory);  // 3
-        if (instanceLock_->AnotherInstanceRuns())
-            s_.Message({std::string("You are attempting to run more then one copy of ") + AppTitle +
-                        " , Doing so will cause unreliable performance."});
+        // Two copies would drive the same boards against each other: a second one only shows
+        // the running one, or quits.
+        if (instanceLock_->AnotherInstanceRuns()) {
+            MessageBoxRequest box{std::string("You are attempting to run more then one copy of ") +
+                                      AppTitle + " , Doing so will cause unreliable performance.",
+                                  Buttons::OKCancel, Icon::Exclamation};
+            box.ButtonTexts = {"Show the running one", "Quit"};
+            if (s_.Message(box) == Answer::OK)
+                RequestRunningProgramToShow(s_.platform.machineDirectory);
+            instanceLock_.reset();
+            return false;
+        }
+        showRequests_ = std::make_unique<ShowRequestListener>(s_.platform.machineDirectory,
+                                                              [this] { ShowToTheUser(); });
         splash_ = std::make_unique<frmSplash>();  // 4
         RestoreFormPosition(s_, *splash_);
         splashGuard_ = std::make_unique<SplashGuard>(splash_.get());
@@ -150,6 +162,14 @@ bool VantrellionApp::Main() {
     }
     UnloadAllForms();
     return false;
+}
+
+void VantrellionApp::ShowToTheUser() {
+    QWidget* w = main_ ? static_cast<QWidget*>(main_.get()) : splash_.get();
+    if (!w) return;
+    if (w->isMinimized()) w->showNormal();
+    w->raise();
+    w->activateWindow();
 }
 
 void VantrellionApp::CreateMainScreen() {

@@ -15,6 +15,7 @@
 #include "desktop/QtPlatform.h"
 #include "desktop/RecentFilesMenu.h"
 #include "desktop/ShowConfigForms.h"
+#include "desktop/ShowRequests.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
 
@@ -48,6 +49,8 @@ class VantrellionApp {
 
   private:
     void CreateMainScreen();
+    // Brings the main window (or the splash, early in the start) to the front.
+    void ShowToTheUser();
     // Closes the splash and stores its place.
     void CloseSplash();
     void WireMenus();
@@ -72,6 +75,8 @@ class VantrellionApp {
     // The configuration screens that the start-up check opens on a first run.
     DesktopConfigurationScreens firstRun_{s_};
     std::unique_ptr<InstanceLock> instanceLock_;
+    // Where a second start asks this one to show itself.
+    std::unique_ptr<ShowRequestListener> showRequests_;
     std::unique_ptr<frmSplash> splash_;
     // While the splash is up, raises every other window that start-up opens above it.
     std::unique_ptr<QObject> splashGuard_;

@@ -68,6 +68,11 @@ void SetDisabledTextFor(QPalette& pal, const QColor& background) {
 void SetRoleColor(QWidget* w, QPalette::ColorRole role, Color c, int64_t& last) {
     if (last == c) return;
     last = c;
+    if (c == DefaultBackColor) {
+        w->setPalette(QPalette());
+        w->setAutoFillBackground(false);
+        return;
+    }
     QPalette pal = w->palette();
     pal.setColor(role, ToQColor(c));
     SetDisabledTextFor(pal, ToQColor(c));

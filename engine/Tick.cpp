@@ -2,6 +2,7 @@
 
 #include "boardio/PortAccess.h"
 #include "core/CheckTimeControl.h"
+#include "engine/BoardMark.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/InputStates.h"
 #include "engine/RelayStates.h"
@@ -44,6 +45,7 @@ void Publish(System& s, const PortBytes& relayBytes, const PortBytes& inputBytes
     ShowStateTexts(s, relayTexts, inputTexts);
     WriteStateLog(s, relayTexts, inputTexts);
     ShowClock(s);
+    ShowBoardMark(s);
     for (TickObserver* o : s.platform.tickObservers)
         o->TickCompleted();
 }

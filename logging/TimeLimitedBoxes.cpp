@@ -21,8 +21,9 @@ void TimeLimitedBoxes::LogWhenTimedOut(const MessageBoxRequest& request, Answer 
     const size_t lineEnd = prompt.find_first_of("\r\n");
     if (lineEnd != std::string::npos) prompt = prompt.substr(0, lineEnd) + " ...";
     WriteEventLog(s_, "Box",
-                  "\"" + request.Title + ": " + prompt + "\" answered \"" + AnswerText(answer) +
-                      "\" after " + std::to_string(HeldBoxTimeoutSeconds / 60) + " minutes");
+                  "\"" + request.Title + ": " + prompt + "\" answered \"" +
+                      AnswerCaption(request, answer) + "\" after " +
+                      std::to_string(HeldBoxTimeoutSeconds / 60) + " minutes");
 }
 
 Answer TimeLimitedBoxes::Show(const MessageBoxRequest& request) {

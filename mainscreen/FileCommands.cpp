@@ -1,5 +1,7 @@
 #include "mainscreen/FileCommands.h"
 
+#include <sys/stat.h>
+
 #include "boardio/BoardSetup.h"
 #include "core/CheckTimeControl.h"
 #include "core/RecentFiles.h"
@@ -186,6 +188,41 @@ void ShowFileSaveDialog(System& s) {
         if (saved) TellRecentFiles(s);
     }
     RefreshTitleAndMenus(s);
+}
+
+void ReopenLastRunFile(System& s) {
+    ModRelay& m = s.modRelay;
+    const std::string last = s.platform.recentFiles ? s.platform.recentFiles->MostRecent() : "";
+    if (last.empty()) return;
+    struct stat st {};
+    if (::stat(last.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) {
+        s.Message({"The Run File last used, \"" + last +
+                       "\", no longer exists. The schedule starts as New.",
+                   Buttons::OK, Icon::Exclamation});
+        return;
+    }
+    // The loader's own boxes are held back: a file that raises any of them did not load
+    // cleanly, and the user gets the one message below instead of the loader's wording.
+    const bool deferring = s.deferBoxes;
+    const size_t boxesBefore = s.deferredBoxes.size();
+    s.deferBoxes = true;
+    SplitChosenFileName(s, last);
+    ResetRelayRecords(s);
+    const int result = LoadRunFile(s, m.DataFilePath, m.DataFileName, true);
+    const bool clean = result == RunFileLoaded && s.deferredBoxes.size() == boxesBefore;
+    s.deferredBoxes.resize(boxesBefore);
+    s.deferBoxes = deferring;
+    if (!clean) {
+        m.DataFileName = "";
+        ResetRelayRecords(s);
+        s.Message({"The Run File last used, \"" + last +
+                       "\", is damaged and was not loaded. The schedule starts as New.",
+                   Buttons::OK, Icon::Exclamation});
+        return;
+    }
+    WriteEventLog(s, "Open", EventFileText(s));
+    s.frmRelay.FileChanged = False;
+    SaveRestartFile(s);
 }
 
 }  // namespace vantrellion

@@ -18,6 +18,11 @@ bool mnuMRUFiles(System& s, const std::string& fileName);
 // with the load error. True when the file loaded.
 bool OpenChosenRunFile(System& s, const std::string& chosen);
 
+// At a start without a restart file: the Run File last opened or saved (the first recent file)
+// comes back when it exists and loads cleanly, with the "Open" event as File > Open writes it.
+// Otherwise the schedule stays New, and one message names the file and what is wrong.
+void ReopenLastRunFile(System& s);
+
 // "Save File?" with Yes, No and Cancel. 2 when the user chose Cancel, otherwise 0.
 int FormAskFileSaveCancel(System& s, const std::string& Path, const std::string& FileName);
 // With unsaved changes, asks "Save File?"; true when the user cancelled (Cancel or Escape), so

@@ -5,11 +5,11 @@
 #include "core/ResetRelayRecords.h"
 #include "core/clsFormCoOrdsRelay.h"
 #include "core/clsResizeFormCntls.h"
+#include "mainscreen/FileCommands.h"
 #include "mainscreen/LoadRowIcons.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
 #include "mainscreen/RowRefill.h"
 #include "runfile/CrashRestart.h"
-#include "mainscreen/FileCommands.h"
 
 namespace vantrellion {
 
@@ -32,7 +32,10 @@ void Form_Load(System& s) {
     FrmRelay& f = s.frmRelay;
     MainScreenView& v = s.screen();
     v.SetWindowIcon(kMainWindowIcon);
-    if (TryCrashRestart(s)) f.AutoRestarted = True;
+    if (TryCrashRestart(s))
+        f.AutoRestarted = True;
+    else
+        ReopenLastRunFile(s);
     v.StackRelayGroups();
     ApplyRelayGroupColors(s);
     ResetRowVisuals(s);

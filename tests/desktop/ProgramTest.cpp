@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "desktop/MenuProgramFixture.h"
 #include "desktop/VantrellionApp.h"
 #include "desktop/frmConfiguration.h"
 #include "desktop/frmSplash.h"
@@ -100,6 +101,26 @@ TEST(Splash, ClosesOnAKeyOrAClick) {
             QTest::mouseClick(splash.lblWarning, Qt::LeftButton);
         EXPECT_FALSE(splash.isVisible());
     }
+}
+
+// A second start never drives the boards beside the first: it quits, and with "Show the running
+// one" it first brings the running program's window back to the front.
+TEST_F(MenuProgramTest, ASecondStartShowsTheRunningOneOrQuits) {
+    PrepareStore(True);
+    Start();
+    Window().showMinimized();
+    FakeMessages answers;
+    answers.answers = {Answer::Cancel, Answer::OK};
+    for (bool shows : {false, true}) {
+        VantrellionApp second({dir.Path(), &clock, &ports, &answers, nullptr, {}});
+        EXPECT_FALSE(second.Main());
+        EXPECT_EQ(second.MainWindow(), nullptr);
+        QTest::qWait(100);
+        EXPECT_EQ(Window().isMinimized(), !shows);
+    }
+    ASSERT_EQ(answers.shown.size(), 2u);
+    EXPECT_EQ(answers.shown[0].ButtonTexts,
+              (std::vector<std::string>{"Show the running one", "Quit"}));
 }
 
 }  // namespace

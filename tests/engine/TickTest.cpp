@@ -3,7 +3,10 @@
 // back only through ResumeCheckTime.
 #include <gtest/gtest.h>
 
+#include "boardio/BoardSet.h"
+#include "boardio/BoardStatusDisplay.h"
 #include "core/CheckTimeControl.h"
+#include "engine/BoardMark.h"
 #include "engine/Tick.h"
 #include "logging/EventLog.h"
 #include "runfile/CrashRestart.h"
@@ -87,6 +90,32 @@ TEST_F(TickTest, ClockDisplaysFollowTheTimeUnlessMinimised) {
     EXPECT_EQ(t.display.timeWindow, "Time: 14:05:09");
     EXPECT_EQ(t.ports.bytes[0x300] & 0x04, 0x04);
     EXPECT_EQ(t.display.light[2], kRelayON);
+}
+
+// Without emulation and with no board driven, panel 1 says so at every tick until a board is
+// driven again or emulation is on.
+TEST_F(TickTest, AMarkStaysInTheStatusBarWhileNoBoardIsDriven) {
+    BoardSet boards;
+    t.s.platform.boards = &boards;
+    auto mark = [&] {
+        CheckTimeTick(t.s);
+        return std::make_pair(t.screen.Text(Control::StatusBar1, 1),
+                              t.screen.back[{Control::StatusBar1, 1}]);
+    };
+    const auto none = std::make_pair(std::string(), DefaultBackColor);
+    t.ports.reachable = false;
+    EXPECT_EQ(mark(), std::make_pair(std::string(NoBoardDrivenMark), NoContactColor));
+    t.mod().RunNoBoards = True;
+    EXPECT_EQ(mark(), none);
+    t.mod().RunNoBoards = False;
+    t.ports.reachable = true;
+    EXPECT_EQ(mark().first, "");
+    ASSERT_NE(boards.SetConnection(0, "nonsense"), "");
+    EXPECT_EQ(mark().first, NoBoardDrivenMark);
+    boards.SetConnection(0, "emulated://");
+    EXPECT_EQ(mark().first, NoBoardDrivenMark);
+    boards.SetConnection(0, "");
+    EXPECT_EQ(mark(), none);
 }
 
 TEST_F(TickTest, RefreshNowShowsPortsWithoutEvaluatingOrWriting) {

@@ -50,11 +50,16 @@ TEST_F(EventLog, ABoxThatHoldsTheScheduleAnswersByItselfAndSaysSo) {
     EXPECT_EQ(boxes.Show(save), Answer::Cancel);
     EXPECT_EQ(nobody.seen.TimeoutSeconds, 120);
     EXPECT_EQ(boxes.Show({"Port gone\r\nsecond line", Buttons::OK}), Answer::OK);
+    MessageBoxRequest second{"Another copy runs", Buttons::OKCancel};
+    second.ButtonTexts = {"Show the running one", "Quit"};
+    boxes.Show(second);
     EXPECT_EQ(dir.Read(kToday),
               "09:15:02 11/14/2026 Box \"Save?: Save File?\" answered \"Cancel\" after 2 "
               "minutes\r\n"
               "09:15:02 11/14/2026 Box \"Vantrellion: Port gone ...\" answered \"OK\" after 2 "
-              "minutes\r\n");
+              "minutes\r\n"
+              "09:15:02 11/14/2026 Box \"Vantrellion: Another copy runs\" answered \"Quit\" after "
+              "2 minutes\r\n");
 }
 
 TEST_F(EventLog, APieceOfOneDaysLog) {

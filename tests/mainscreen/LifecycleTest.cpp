@@ -116,7 +116,7 @@ TEST_F(LifecycleTest, ExitInsideTheTicksYieldEndsThatTick) {
     EXPECT_FALSE(t.timer.enabled);
 }
 
-TEST(InstanceLock, SecondInstanceIsToldAndBothGoOn) {
+TEST(InstanceLock, ASecondInstanceIsTold) {
     TempDir dir;
     InstanceLock first(dir.Path());
     EXPECT_FALSE(first.AnotherInstanceRuns());

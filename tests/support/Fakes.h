@@ -204,6 +204,8 @@ class SimulatedPorts : public Ports {
     }
     std::vector<Access> Writes() const;
     void Clear() { log.clear(); }
+    bool reachable = true;
+    bool Reachable() const override { return reachable; }
 };
 
 // A fresh System wired to a fresh set of fakes, with board 0 set up like a default
