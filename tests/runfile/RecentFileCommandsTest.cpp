@@ -92,6 +92,8 @@ TEST(RecentFileCommands, TheLastFileComesBackAtAStartOnlyWhenItLoadsCleanly) {
 
     for (const char* name : {"gone.run", "bad.run"}) {
         t.messages.shown.clear();
+        ResetRelayRecords(t.s);
+        t.mod().DataFileName = "";
         recent.last = dir.File(name);
         ReopenLastRunFile(t.s);
         EXPECT_EQ(t.mod().DataFileName, "");
