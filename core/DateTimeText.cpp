@@ -44,10 +44,14 @@ std::optional<LocalSeconds> ParseDateTimeText(const std::string& typed) {
         return std::nullopt;
     }
     if (t.size() > 10) {
-        const bool seconds = t.size() == 19;
-        if ((t.size() != 16 && !seconds) || (t[10] != ' ' && t[10] != 'T') || t[13] != ':' ||
-            !Digits(t, 11, 2, d.Hour) || !Digits(t, 14, 2, d.Minute) ||
-            (seconds && (t[16] != ':' || !Digits(t, 17, 2, d.Second)))) {
+        // The time: an hour of one or two digits, minutes, and seconds if given.
+        const size_t hourDigits = t.size() > 12 && t[12] == ':' ? 1 : 2;
+        const size_t minutes = 11 + hourDigits + 1;
+        const bool seconds = t.size() == minutes + 5;
+        if ((t.size() != minutes + 2 && !seconds) || (t[10] != ' ' && t[10] != 'T') ||
+            !Digits(t, 11, hourDigits, d.Hour) || t[minutes - 1] != ':' ||
+            !Digits(t, minutes, 2, d.Minute) ||
+            (seconds && (t[minutes + 2] != ':' || !Digits(t, minutes + 3, 2, d.Second)))) {
             return std::nullopt;
         }
     }

@@ -14,9 +14,10 @@ namespace vantrellion {
 inline constexpr const char* DateTimeForms =
     "YYYY-MM-DD, \"YYYY-MM-DD HH:MM\" or \"YYYY-MM-DD HH:MM:SS\"";
 
-// "2026-11-28", "2026-11-28 06:30" or "2026-11-28 06:30:00" ("T" may stand for the blank;
-// blanks around the text are ignored): a real calendar day from year 1970 and a time of day in
-// 24-hour form, taken exactly as typed; a date alone is its midnight. Nothing otherwise.
+// "2026-11-28", "2026-11-28 06:30" or "2026-11-28 06:30:00" ("T" may stand for the blank, the
+// hour may have one digit, blanks around the text are ignored): a real calendar day from year
+// 1970 and a time of day in 24-hour form, taken exactly as typed; a date alone is its
+// midnight. Nothing otherwise.
 std::optional<LocalSeconds> ParseDateTimeText(const std::string& text);
 
 // "2026-11-28 06:30:00".

@@ -18,8 +18,9 @@ TEST(DateTimeText, TakesADateAloneOrWithMinutesOrSecondsExactlyAsTyped) {
     };
     EXPECT_EQ(ParseDateTimeText("2026-11-28 06:30:00"), at(2026, 11, 28, 6, 30, 0));
     EXPECT_EQ(ParseDateTimeText(" 2026-11-28T06:30 "), at(2026, 11, 28, 6, 30, 0));
+    EXPECT_EQ(ParseDateTimeText("2026-11-28 6:30:09"), at(2026, 11, 28, 6, 30, 9));
     EXPECT_EQ(ParseDateTimeText("2028-02-29"), at(2028, 2, 29, 0, 0, 0));
-    for (const char* bad : {"2026-11-31", "2027-02-29", "2026-11-28 24:00", "2026-11-28 6:30",
+    for (const char* bad : {"2026-11-31", "2027-02-29", "2026-11-28 24:00", "2026-11-28 6:3",
                             "2026-11-28 06:30:0", "2026-11-28 nonsense", "28.11.2026", ""})
         EXPECT_FALSE(ParseDateTimeText(bad)) << bad;
     EXPECT_EQ(DateTimeText(at(2026, 11, 28, 6, 30, 0)), "2026-11-28 06:30:00");

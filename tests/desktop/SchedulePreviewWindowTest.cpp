@@ -6,7 +6,6 @@
 #include <QTest>
 
 #include "core/DateTimeText.h"
-#include "desktop/QtConvert.h"
 #include "desktop/SchedulePreviewMenu.h"
 #include "desktop/SchedulePreviewWindow.h"
 #include "preview/PreviewReport.h"
@@ -79,10 +78,6 @@ TEST_F(SchedulePreviewWindowTest, TakesTheTypedStartAsTypedAndExportsWithTheType
     QTest::keyClicks(win->date, "2026-11-28 06:30:00");
     QTest::keyClick(win->date, Qt::Key_Return);
     WaitUntilDone(win);
-    EXPECT_EQ(DateTimeText(win->Result()->Range.From), "2026-11-28 06:30:00");
-    win->date->setText("2026-11-28 6:30");
-    win->refresh->click();
-    EXPECT_TRUE(win->status->text().startsWith("Not a date and time")) << S(win->status->text());
     EXPECT_EQ(DateTimeText(win->Result()->Range.From), "2026-11-28 06:30:00");
 
     TempDir dir;
