@@ -6,7 +6,6 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
-#include "core/ExportFileName.h"
 #include "desktop/EventGuard.h"
 #include "desktop/QtConvert.h"
 #include "desktop/RunTimeHistoryChart.h"
