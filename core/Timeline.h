@@ -40,8 +40,4 @@ struct Timeline {
 LocalSeconds ToLocalSeconds(const DateTime& d);
 DateTime FromLocalSeconds(LocalSeconds t);
 
-// A text as one field of a CSV line: as it stands, or in double quotes (its own quotes doubled)
-// when it holds a comma, a quote or a line break.
-std::string CsvField(const std::string& text);
-
 }  // namespace vantrellion

@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <fstream>
 
+#include "core/DateTimeText.h"
+#include "core/ExportFileName.h"
 #include "desktop/QtConvert.h"
 #include "preview/PreviewReport.h"
 
@@ -18,18 +20,6 @@ constexpr int SpanDays[] = {1, 7, 30};
 
 QSize ExportSize(const Timeline& t) {
     return {1400, 64 + 40 * static_cast<int>(t.Lanes.size())};
-}
-
-QDateTime ToQDateTime(LocalSeconds t) {
-    const DateTime d = FromLocalSeconds(t);
-    return QDateTime(QDate(d.Year, d.Month, d.Day), QTime(d.Hour, d.Minute, d.Second));
-}
-
-LocalSeconds FromQDateTime(const QDateTime& q) {
-    const QDate d = q.date();
-    const QTime t = q.time();
-    return ToLocalSeconds(DateTime{d.year(), d.month(), d.day(), t.hour(), t.minute(), t.second(),
-                                   d.dayOfWeek() % 7 + 1});
 }
 
 }  // namespace
@@ -48,10 +38,11 @@ SchedulePreviewWindow::SchedulePreviewWindow(System& s, QWidget* parent) : QDial
     fromNow = new QRadioButton("From now", this);
     fromDate = new QRadioButton("From", this);
     fromNow->setChecked(true);
-    date = new QDateTimeEdit(this);
-    date->setDisplayFormat("yyyy-MM-dd HH:mm:ss");
-    date->setCalendarPopup(true);
-    date->setDateTime(ToQDateTime(ToLocalSeconds(s_.clock().Now())));
+    // The start as typed, in the forms the command line takes; Preview or Enter takes it.
+    date = new QLineEdit(Q(DateTimeText(ToLocalSeconds(s_.clock().Now()))), this);
+    date->setObjectName("txtFrom");
+    date->setToolTip(QString("The first second of the preview: ") + DateTimeForms);
+    date->setMinimumWidth(date->fontMetrics().horizontalAdvance("0000-00-00 00:00:00") + 16);
     date->setEnabled(false);
     choices->addWidget(fromNow);
     choices->addWidget(fromDate);
@@ -80,6 +71,7 @@ SchedulePreviewWindow::SchedulePreviewWindow(System& s, QWidget* parent) : QDial
 
     connect(fromDate, &QRadioButton::toggled, date, &QWidget::setEnabled);
     connect(refresh, &QPushButton::clicked, this, [this] { Recompute(); });
+    connect(date, &QLineEdit::returnPressed, this, [this] { Recompute(); });
     connect(span, &QComboBox::currentIndexChanged, this, [this] { Recompute(); });
     connect(fromNow, &QRadioButton::toggled, this, [this] { Recompute(); });
     connect(png, &QPushButton::clicked, this, [this] { ExportPng(); });
@@ -98,11 +90,17 @@ void SchedulePreviewWindow::StopWorker() {
 }
 
 void SchedulePreviewWindow::Recompute() {
+    const LocalSeconds now = ToLocalSeconds(s_.clock().Now());
+    std::optional<LocalSeconds> from = now;
+    if (fromDate->isChecked()) from = ParseDateTimeText(S(date->text()));
+    if (!from) {
+        status->setText(
+            QString("Not a date and time: \"%1\". Give %2.").arg(date->text(), DateTimeForms));
+        return;
+    }
     StopWorker();
-    const DateTime present = s_.clock().Now();
-    const LocalSeconds now = ToLocalSeconds(present);
     PreviewRequest request;
-    request.From = fromDate->isChecked() ? FromQDateTime(date->dateTime()) : now;
+    request.From = *from;
     request.Length = static_cast<LocalSeconds>(SpanDays[std::max(0, span->currentIndex())]) * 86400;
     request.StartTick = TickCountAt(request.From, now, s_.clock().MonotonicMs());
 
@@ -135,8 +133,8 @@ void SchedulePreviewWindow::ShowResult(PreviewResult result, double seconds) {
     if (result.Warnings.empty()) warnings->addItem("No warnings.");
     status->setText(QString("%1 evaluations from %2 to %3 in %4 s")
                         .arg(result.Evaluations)
-                        .arg(Q(PreviewTimeText(result.Range.From)))
-                        .arg(Q(PreviewTimeText(result.Range.To)))
+                        .arg(Q(DateTimeText(result.Range.From)))
+                        .arg(Q(DateTimeText(result.Range.To)))
                         .arg(seconds, 0, 'f', 2));
     result_ = std::move(result);
 }
@@ -144,16 +142,8 @@ void SchedulePreviewWindow::ShowResult(PreviewResult result, double seconds) {
 std::optional<std::string> SchedulePreviewWindow::AskFileName(const std::string& title,
                                                               const std::string& filter,
                                                               const std::string& extension) {
-    if (!result_ || !s_.platform.dialogs) return std::nullopt;
-    FileDialogRequest r;
-    r.Title = title;
-    r.Filter = filter;
-    r.InitialDirectory = s_.modRelay.DataFilePath;
-    r.FileName = "preview" + extension;
-    r.Flags = 2;  // ask before overwriting
-    auto name = s_.platform.dialogs->ShowSave(r);
-    if (!name || name->empty()) return std::nullopt;
-    return name;
+    if (!result_) return std::nullopt;
+    return AskExportFileName(s_, {title, filter, "preview" + extension, extension});
 }
 
 bool SchedulePreviewWindow::ExportPng() {

@@ -5,9 +5,9 @@
 #pragma once
 
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -28,13 +28,15 @@ class SchedulePreviewWindow : public QDialog {
     ~SchedulePreviewWindow() override;
 
     // Takes a fresh snapshot of the schedule and computes the preview for the chosen span.
+    // A start that is no date and time is told in the status line, and nothing is computed.
     void Recompute();
     // True while a computation runs.
     bool Busy() const { return worker_.joinable() && !done_; }
     const std::optional<PreviewResult>& Result() const { return result_; }
 
-    // The exports ask for a file name through the system's file dialogs. False when nothing
-    // was written (no result yet, cancelled, or the file could not be written).
+    // The exports ask for a file name through the system's file dialogs (AskExportFileName).
+    // False when nothing was written (no result yet, cancelled, or the file could not be
+    // written).
     bool ExportPng();
     bool ExportSvg();
     bool ExportCsv();
@@ -42,7 +44,7 @@ class SchedulePreviewWindow : public QDialog {
     QComboBox* span = nullptr;  // 1, 7 or 30 days
     QRadioButton* fromNow = nullptr;
     QRadioButton* fromDate = nullptr;
-    QDateTimeEdit* date = nullptr;
+    QLineEdit* date = nullptr;  // the start when fromDate is chosen, as typed
     QPushButton* refresh = nullptr;
     TimelineWidget* timeline = nullptr;
     QListWidget* warnings = nullptr;

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/DateTimeText.h"
+#include "core/LaneSwitchTimes.h"
 #include "desktop/QtConvert.h"
 
 namespace vantrellion {
@@ -268,38 +270,7 @@ bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size) {
 }
 
 QString TimelineTimeText(LocalSeconds t) {
-    const DateTime d = FromLocalSeconds(t);
-    return QString::asprintf("%04d-%02d-%02d %02d:%02d:%02d", d.Year, d.Month, d.Day, d.Hour,
-                             d.Minute, d.Second);
-}
-
-QString LaneSwitchTimesText(const TimelineLane& lane, LocalSeconds near, int maxSpans) {
-    QString text = Q(lane.Name);
-    const auto& on = lane.On;
-    if (on.empty()) return text + QStringLiteral("\nnever on");
-    const int n = static_cast<int>(on.size());
-    // The span at or nearest to `near`, then a window of spans around it.
-    int best = 0;
-    LocalSeconds bestDistance = -1;
-    for (int i = 0; i < n; ++i) {
-        const TimeSpan& s = on[static_cast<size_t>(i)];
-        const LocalSeconds d = near < s.From ? s.From - near : (near >= s.To ? near - s.To + 1 : 0);
-        if (bestDistance < 0 || d < bestDistance) {
-            best = i;
-            bestDistance = d;
-        }
-    }
-    maxSpans = std::max(1, maxSpans);
-    const int first = std::clamp(best - maxSpans / 2, 0, std::max(0, n - maxSpans));
-    const int last = std::min(n, first + maxSpans);
-    for (int i = first; i < last; ++i) {
-        const TimeSpan& s = on[static_cast<size_t>(i)];
-        text += QStringLiteral("\non  ") + TimelineTimeText(s.From) + QStringLiteral("   off ") +
-                TimelineTimeText(s.To);
-    }
-    if (last - first < n)
-        text += QStringLiteral("\n(%1 to %2 of %3 on-spans)").arg(first + 1).arg(last).arg(n);
-    return text;
+    return Q(DateTimeText(t));
 }
 
 TimelineWidget::TimelineWidget(QWidget* parent) : QWidget(parent) {
@@ -321,7 +292,7 @@ QString TimelineWidget::ToolTipAt(QPoint pos) const {
     const TimelineLayout l = Layout();
     const int lane = l.LaneAt(pos);
     if (lane < 0) return {};
-    return LaneSwitchTimesText(timeline_.Lanes[static_cast<size_t>(lane)], l.TimeAt(pos.x()));
+    return Q(LaneSwitchTimesText(timeline_, static_cast<size_t>(lane), l.TimeAt(pos.x())));
 }
 
 QSize TimelineWidget::sizeHint() const {

@@ -46,18 +46,14 @@ bool WriteTimelineSvg(const Timeline& t, const QString& path, QSize size);
 // "YYYY-MM-DD HH:MM:SS" of a local time.
 QString TimelineTimeText(LocalSeconds t);
 
-// The exact switch times of a lane, for its tool tip: the name, then up to maxSpans on-spans
-// nearest to the time `near` in time order, each as "on <time>  off <time>", and the count of
-// all spans when some are left out.
-QString LaneSwitchTimesText(const TimelineLane& lane, LocalSeconds near, int maxSpans = 8);
-
 class TimelineWidget : public QWidget {
   public:
     explicit TimelineWidget(QWidget* parent = nullptr);
     void SetTimeline(Timeline t);
     const Timeline& CurrentTimeline() const { return timeline_; }
     TimelineLayout Layout() const;
-    // The tool tip the widget shows at a point, empty where there is no lane.
+    // The tool tip the widget shows at a point (LaneSwitchTimesText), empty where there is no
+    // lane.
     QString ToolTipAt(QPoint pos) const;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -101,11 +101,12 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     layout->addWidget(lblHover);
     layout->addWidget(lblSummary);
 
-    // The last month up to today.
+    // The last month up to today; the day view on today, or on the last day with a log.
     const LocalSeconds today = DayStart(ToLocalSeconds(s_.clock().Now()));
     dtpTo->setDate(ToQDate(today));
     dtpFrom->setDate(ToQDate(today - 30 * SecondsPerDay));
-    dtpDay->setDate(ToQDate(today - SecondsPerDay));  // yesterday, the last whole day
+    cmdShow_Click();
+    dtpDay->setDate(ToQDate(DayViewDay(history_, today)));
 
     connect(cmdShow, &QPushButton::clicked, this,
             [this] { RunCommand(s_, [this] { cmdShow_Click(); }); });
@@ -117,7 +118,6 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
             [this] { RunCommand(s_, [this] { cmdExportDayPng_Click(); }); });
     connect(dtpDay, &QDateEdit::dateChanged, this,
             [this] { RunCommand(s_, [this] { dtpDay_Change(); }); });
-    cmdShow_Click();
     dtpDay_Change();
 }
 
@@ -174,17 +174,10 @@ void frmRunTimeHistory::ShowBarValue(const HistoryBar* bar) {
     QToolTip::showText(QCursor::pos(), text, chtHistory);
 }
 
-bool frmRunTimeHistory::Save(const std::string& title, const std::string& filter,
-                             const std::string& name,
+bool frmRunTimeHistory::Save(const ExportFileRequest& request,
                              const std::function<bool(const std::string&)>& write) {
-    FileDialogRequest r;
-    r.Title = title;
-    r.Filter = filter;
-    r.InitialDirectory = LogDirectory();
-    r.FileName = name;
-    r.Flags = 2;
-    const std::optional<std::string> path = s_.platform.dialogs->ShowSave(r);
-    if (!path || path->empty()) return false;
+    const std::optional<std::string> path = AskExportFileName(s_, request);
+    if (!path) return false;
     if (write(*path)) return true;
     s_.Message({"The file could not be written:\r\n" + *path, Buttons::OK, Icon::Exclamation, 1,
                 "Run-time History"});
@@ -193,15 +186,16 @@ bool frmRunTimeHistory::Save(const std::string& title, const std::string& filter
 
 void frmRunTimeHistory::cmdExportPng_Click() {
     const std::string name = "history_" + IsoDate(history_.Range.From) + ".png";
-    Save("Export Chart", "PNG Picture (*.png)|*.png", name, [this](const std::string& path) {
-        return WriteHistoryChartPng(history_, labels_, Q(path),
-                                    chtHistory->size().expandedTo({800, 480}));
-    });
+    Save({"Export Chart", "PNG Picture (*.png)|*.png", name, ".png"},
+         [this](const std::string& path) {
+             return WriteHistoryChartPng(history_, labels_, Q(path),
+                                         chtHistory->size().expandedTo({800, 480}));
+         });
 }
 
 void frmRunTimeHistory::cmdExportDayPng_Click() {
     const LocalSeconds day = FromQDate(dtpDay->date());
-    Save("Export Day", "PNG Picture (*.png)|*.png", "day_" + IsoDate(day) + ".png",
+    Save({"Export Day", "PNG Picture (*.png)|*.png", "day_" + IsoDate(day) + ".png", ".png"},
          [this](const std::string& path) {
              return WriteTimelinePng(tlDay->CurrentTimeline(), Q(path),
                                      tlDay->size().expandedTo({900, 360}));
@@ -210,9 +204,10 @@ void frmRunTimeHistory::cmdExportDayPng_Click() {
 
 void frmRunTimeHistory::cmdExportCsv_Click() {
     const std::string name = "history_" + IsoDate(history_.Range.From) + ".csv";
-    Save("Export Figures", "CSV File (*.csv)|*.csv", name, [this](const std::string& path) {
-        return WriteHistoryFile(path, HistoryCsv(history_, labels_));
-    });
+    Save({"Export Figures", "CSV File (*.csv)|*.csv", name, ".csv"},
+         [this](const std::string& path) {
+             return WriteHistoryFile(path, HistoryCsv(history_, labels_));
+         });
 }
 
 }  // namespace vantrellion

@@ -13,6 +13,7 @@
 #include <functional>
 #include <string>
 
+#include "core/ExportFileName.h"
 #include "core/SharedState.h"
 #include "desktop/RunTimeHistoryChart.h"
 #include "desktop/TimelinePainter.h"
@@ -51,7 +52,8 @@ class frmRunTimeHistory : public QDialog {
   private:
     std::string LogDirectory() const;
     void ShowBarValue(const HistoryBar* bar);
-    bool Save(const std::string& title, const std::string& filter, const std::string& name,
+    // Asks for the file (AskExportFileName) and writes it; tells a write that failed.
+    bool Save(const ExportFileRequest& request,
               const std::function<bool(const std::string&)>& write);
 
     System& s_;

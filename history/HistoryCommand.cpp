@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include "core/DateTimeText.h"
+#include "core/ExportFileName.h"
 #include "history/HistorySettings.h"
 
 namespace vantrellion {
@@ -11,8 +13,10 @@ const char* const HistoryUsage =
     "  LOGDIR       directory of the daily logs (default: the configured log directory)\n"
     "  --from DATE  first day, as 2026-11-01 (default: 30 days before --to)\n"
     "  --to DATE    last day (default: today)\n"
-    "  --csv FILE   write the figures per day as CSV\n"
-    "  --png FILE   write the bar chart as a PNG picture\n"
+    "  --csv FILE   write the figures per day as CSV (\".csv\" added to a name without an\n"
+    "               extension)\n"
+    "  --png FILE   write the bar chart as a PNG picture (\".png\" added likewise)\n"
+    "  A DATE is YYYY-MM-DD, \"YYYY-MM-DD HH:MM\" or \"YYYY-MM-DD HH:MM:SS\" (its day counts).\n"
     "  --version    print the version and end\n";
 
 bool ParseHistoryCommand(const std::vector<std::string>& args, HistoryCommand& out,
@@ -61,17 +65,24 @@ int RunHistoryCommand(const HistoryCommand& c, const std::string& machineDirecto
     }
     LocalSeconds last = DayStart(now), first = 0;
     if (!c.To.empty() && !ParseIsoDate(c.To, last)) {
-        err += "not a date: " + c.To + "\n";
+        err += "not a date: " + c.To + " (give " + DateTimeForms + ")\n";
         return 2;
     }
     if (c.From.empty())
         first = last - 30 * SecondsPerDay;
     else if (!ParseIsoDate(c.From, first)) {
-        err += "not a date: " + c.From + "\n";
+        err += "not a date: " + c.From + " (give " + DateTimeForms + ")\n";
         return 2;
     }
     if (last < first) {
         err += "--to lies before --from\n";
+        return 2;
+    }
+
+    const std::string csvFile = c.CsvFile.empty() ? "" : WithExtension(c.CsvFile, ".csv");
+    const std::string pngFile = c.PngFile.empty() ? "" : WithExtension(c.PngFile, ".png");
+    if (!csvFile.empty() && !pngFile.empty() && NameTheSameFile(csvFile, pngFile)) {
+        err += "--csv and --png name the same file: " + csvFile + "\n";
         return 2;
     }
 
@@ -87,12 +98,12 @@ int RunHistoryCommand(const HistoryCommand& c, const std::string& machineDirecto
     const RunTimeHistory h = ReadRunTimeHistory({dir, first, last, now});
     out += "Log directory: " + dir + "\n" + HistoryTableText(h, settings.Labels);
     int status = 0;
-    if (!c.CsvFile.empty() && !WriteHistoryFile(c.CsvFile, HistoryCsv(h, settings.Labels))) {
-        err += "cannot write " + c.CsvFile + "\n";
+    if (!csvFile.empty() && !WriteHistoryFile(csvFile, HistoryCsv(h, settings.Labels))) {
+        err += "cannot write " + csvFile + "\n";
         status = 1;
     }
-    if (!c.PngFile.empty() && !writePng(h, settings.Labels, c.PngFile)) {
-        err += "cannot write " + c.PngFile + "\n";
+    if (!pngFile.empty() && !writePng(h, settings.Labels, pngFile)) {
+        err += "cannot write " + pngFile + "\n";
         status = 1;
     }
     return status;

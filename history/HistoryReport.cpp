@@ -4,6 +4,9 @@
 #include <cstdio>
 #include <fstream>
 
+#include "core/CsvText.h"
+#include "core/DateTimeText.h"
+#include "core/RelayColumns.h"
 #include "core/Timeline.h"
 
 namespace vantrellion {
@@ -29,8 +32,7 @@ std::string Padded(const std::string& text, size_t width) {
 HistoryLabels HistoryLabelsFrom(const ModRelay& m) {
     HistoryLabels l;
     for (int n = 0; n < MaxLoggedLanes; ++n) {
-        const std::string& name = m.Board[n / 8].RelayName[n % 8];
-        l.RelayNames[n] = name.empty() || name == " " ? "Relay " + std::to_string(n % 8 + 1) : name;
+        l.RelayNames[n] = RelayShownName(m.Board[n / 8].RelayName[n % 8], n);
         l.GroupColors[n] = m.ColorRelayGroup[n % 8];
     }
     return l;
@@ -41,24 +43,23 @@ int ShownRelays(const RunTimeHistory& h) {
 }
 
 std::string IsoDate(LocalSeconds day) {
-    const DateTime d = FromLocalSeconds(day);
-    char text[16];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", d.Year % 10000, d.Month, d.Day);
-    return text;
+    return DateText(day);
 }
 
 bool ParseIsoDate(const std::string& text, LocalSeconds& day) {
-    int y = 0, m = 0, d = 0, used = 0;
-    if (std::sscanf(text.c_str(), "%4d-%2d-%2d%n", &y, &m, &d, &used) != 3 || used != 10)
-        return false;
-    if (text.size() > 10 && text[10] != 'T' && text[10] != ' ') return false;
-    if (y < 1970 || m < 1 || m > 12 || d < 1 || d > 31) return false;
-    DateTime date;
-    date.Year = y;
-    date.Month = m;
-    date.Day = d;
-    day = ToLocalSeconds(date);
-    return FromLocalSeconds(day).Day == d;  // 31 April is no date
+    const std::optional<LocalSeconds> t = ParseDateTimeText(text);
+    if (!t) return false;
+    day = DayStart(*t);
+    return true;
+}
+
+LocalSeconds DayViewDay(const RunTimeHistory& h, LocalSeconds today) {
+    LocalSeconds day = today;
+    for (const HistoryDay& d : h.Days) {
+        if (d.Start == today && d.FileFound) return today;
+        if (d.FileFound && d.Start <= today) day = d.Start;
+    }
+    return day;
 }
 
 std::string HoursText(LocalSeconds seconds) {
@@ -72,10 +73,10 @@ std::string HistoryTableText(const RunTimeHistory& h, const HistoryLabels& label
     std::string out = "On-hours per day, from " + IsoDate(h.Range.From) + " to " +
                       IsoDate(h.Days.empty() ? h.Range.From : h.Days.back().Start) + "\n";
     for (int n = 0; n < relays; ++n)
-        out += "  R" + std::to_string(n + 1) + "  " + labels.RelayNames[n] + "\n";
+        out += RelayLegendLine(n, labels.RelayNames[n]);
     out += "\nDate      ";
     for (int n = 0; n < relays; ++n)
-        out += Padded("R" + std::to_string(n + 1), 7);
+        out += Padded(RelayColumnHeading(n), 7);
     out += "  Not logged  ReStart\n";
     for (const HistoryDay& d : h.Days) {
         out += IsoDate(d.Start);
@@ -98,20 +99,22 @@ std::string HistoryTableText(const RunTimeHistory& h, const HistoryLabels& label
 std::string HistoryCsv(const RunTimeHistory& h, const HistoryLabels& labels) {
     const int relays = ShownRelays(h);
     const int inputs = h.Inputs;
-    std::string out = "Date";
+    std::vector<std::string> row = {"Date"};
     for (int n = 0; n < relays; ++n)
-        out += "," + CsvField(labels.RelayNames[n]);
+        row.push_back(labels.RelayNames[n]);
     for (int n = 0; n < inputs; ++n)
-        out += ",Input " + std::to_string(n + 1);
-    out += ",Logged,Not logged,Restarts,Log file\r\n";
+        row.push_back("Input " + std::to_string(n + 1));
+    row.insert(row.end(), {"Logged", "Not logged", "Restarts", "Log file"});
+    std::string out = CsvLine(row);
     for (const HistoryDay& d : h.Days) {
-        out += IsoDate(d.Start);
+        row = {IsoDate(d.Start)};
         for (int n = 0; n < relays; ++n)
-            out += "," + HoursText(d.RelayOnSeconds[n]);
+            row.push_back(HoursText(d.RelayOnSeconds[n]));
         for (int n = 0; n < inputs; ++n)
-            out += "," + HoursText(d.InputOnSeconds[n]);
-        out += "," + HoursText(d.KnownSeconds) + "," + HoursText(d.GapSeconds) + "," +
-               std::to_string(d.Restarts) + "," + (d.FileFound ? "yes" : "no") + "\r\n";
+            row.push_back(HoursText(d.InputOnSeconds[n]));
+        row.insert(row.end(), {HoursText(d.KnownSeconds), HoursText(d.GapSeconds),
+                               std::to_string(d.Restarts), d.FileFound ? "yes" : "no"});
+        out += CsvLine(row);
     }
     return out;
 }

@@ -11,8 +11,8 @@
 namespace vantrellion {
 
 // The name and group colour of each relay lane: board b's relay r is lane b * 8 + r, named as
-// in the configuration ("Relay n" when the name is empty or a blank) and coloured with the
-// group colour of its row.
+// in the configuration (as RelayShownName gives it) and coloured with the group colour of its
+// row.
 struct HistoryLabels {
     std::array<std::string, MaxLoggedLanes> RelayNames;
     std::array<Color, MaxLoggedLanes> GroupColors{};
@@ -25,8 +25,12 @@ int ShownRelays(const RunTimeHistory& h);
 
 // "2026-11-14" of a day's midnight.
 std::string IsoDate(LocalSeconds day);
-// "2026-11-14" (or "2026-11-14T..."), to the midnight of that day; false when it is no date.
+// A date in the forms of ParseDateTimeText, to the midnight of its day; false when it is none.
 bool ParseIsoDate(const std::string& text, LocalSeconds& day);
+
+// The day the day view opens on: today when today's log is there, else the last day of the
+// history that has a log, else today.
+LocalSeconds DayViewDay(const RunTimeHistory& h, LocalSeconds today);
 
 // Hours with two decimals: "7.25".
 std::string HoursText(LocalSeconds seconds);
@@ -38,7 +42,7 @@ std::string HistoryTableText(const RunTimeHistory& h, const HistoryLabels& label
 
 // The CSV file: a header row, then one row per day with the date, the on-hours of each relay,
 // the on-hours of each input, the hours logged, the hours not logged, the restarts and whether
-// the day's log file was there. Rows end in CR LF; names are quoted where they need it.
+// the day's log file was there. Each row is a CsvLine.
 std::string HistoryCsv(const RunTimeHistory& h, const HistoryLabels& labels);
 
 // Writes bytes to path, replacing the file. False when it cannot be written whole.

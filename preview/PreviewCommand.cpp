@@ -9,10 +9,13 @@
 #include "configuration/KeyValueStore.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
+#include "core/DateTimeText.h"
+#include "core/ExportFileName.h"
 #include "core/ResetRelayRecords.h"
 #include "preview/PreviewReport.h"
 #include "preview/SchedulePreview.h"
 #include "runfile/RunFileLoad.h"
+#include "runfile/RunFileProblemText.h"
 
 namespace vantrellion {
 
@@ -21,7 +24,8 @@ namespace {
 constexpr const char* Program = "vantrellion-preview";
 
 // The boxes that loading a Run File or the store would show go to the error stream, with
-// the first button as the answer.
+// the first button as the answer. While held, they are kept instead: a Run File that does not
+// load is told in plain words, not in its boxes.
 class StreamMessages : public MessageBoxes {
   public:
     explicit StreamMessages(std::ostream& err) : err_(err) {}
@@ -29,12 +33,22 @@ class StreamMessages : public MessageBoxes {
         std::string prompt = r.Prompt;
         for (char& c : prompt)
             if (c == '\r' || c == '\n') c = ' ';
-        err_ << Program << ": " << (r.Title.empty() ? "" : r.Title + ": ") << prompt << "\n";
-        ++shown;
+        const std::string line = (r.Title.empty() ? "" : r.Title + ": ") + prompt;
+        if (held)
+            kept.push_back(line);
+        else
+            err_ << Program << ": " << line << "\n";
         return r.ButtonSet == Buttons::YesNo || r.ButtonSet == Buttons::YesNoCancel ? Answer::Yes
                                                                                     : Answer::OK;
     }
-    int shown = 0;
+    void Release() {
+        held = false;
+        for (const std::string& line : kept)
+            err_ << Program << ": " << line << "\n";
+        kept.clear();
+    }
+    bool held = false;
+    std::vector<std::string> kept;
 
   private:
     std::ostream& err_;
@@ -45,14 +59,12 @@ bool IsRegularFile(const std::string& path) {
     return ::stat(path.c_str(), &st) == 0 && S_ISREG(st.st_mode);
 }
 
-// The configuration as a first run offers it, for a machine without a store: the default
-// names and group colours.
+// The group colours of a first run, for a machine without a store; its relays are named as
+// the run-time history names relays without names ("Relay 1").
 void DefaultConfiguration(ModRelay& m) {
     for (int g = 0; g < 8; ++g)
         m.ColorRelayGroup[static_cast<size_t>(g)] =
             StringTableColor(StringId::DefaultGroupColor + g);
-    for (int r = 0; r < RelaysPerBoard; ++r)
-        m.Board[0].RelayName[static_cast<size_t>(r)] = "Relay: " + std::to_string(r + 1);
 }
 
 bool WriteText(const std::string& path, const std::string& text) {
@@ -72,13 +84,16 @@ std::string PreviewUsage() {
            "  Shows what the relays of the schedule in RUNFILE will do, worked out second by "
            "second\n"
            "  by the program's own engine: the on-time of each relay per day, and warnings.\n"
-           "  --from   the first second of the preview (default: now)\n"
+           "  --from   the first second of the preview (default: now), as " +
+           DateTimeForms +
+           "\n"
            "  --days   the number of days, 1 to " +
            std::to_string(PreviewMaxDays) +
            " (default: 7)\n"
            "  --csv    write every switch time as CSV\n"
            "  --svg, --png   write the timeline as a picture\n"
-           "  --version      print the version and end\n";
+           "  --version      print the version and end\n"
+           "  A FILE named without an extension gets the type's: \".csv\", \".svg\", \".png\".\n";
 }
 
 ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
@@ -102,9 +117,9 @@ ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
             if (n + 1 >= args.size()) return fail("option " + a + " needs a value");
             const std::string& v = args[++n];
             if (a == "--from") {
-                o.From = ParsePreviewTime(v);
+                o.From = ParseDateTimeText(v);
                 if (!o.From)
-                    return fail("bad date \"" + v + "\" for --from: give \"YYYY-MM-DD HH:MM:SS\"");
+                    return fail("bad date \"" + v + "\" for --from: give " + DateTimeForms);
             } else if (a == "--days") {
                 int days = 0;
                 const auto [end, ec] = std::from_chars(v.data(), v.data() + v.size(), days);
@@ -116,7 +131,9 @@ ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
                 o.Days = days;
             } else {
                 if (v.empty()) return fail("option " + a + " needs a file name");
-                (a == "--csv" ? o.Csv : a == "--svg" ? o.Svg : o.Png) = v;
+                (a == "--csv"   ? o.Csv
+                 : a == "--svg" ? o.Svg
+                                : o.Png) = WithExtension(v, "." + a.substr(2));
             }
         } else if (a.size() > 1 && a[0] == '-') {
             return fail("unknown option " + a);
@@ -127,6 +144,16 @@ ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
         }
     }
     if (o.RunFile.empty()) return fail("no Run File given");
+    const std::pair<const char*, const std::string*> outputs[] = {
+        {"--csv", &o.Csv}, {"--svg", &o.Svg}, {"--png", &o.Png}};
+    for (size_t a = 0; a < std::size(outputs); ++a) {
+        for (size_t b = a + 1; b < std::size(outputs); ++b) {
+            const std::string &first = *outputs[a].second, &second = *outputs[b].second;
+            if (!first.empty() && !second.empty() && NameTheSameFile(first, second))
+                return fail(std::string(outputs[a].first) + " and " + outputs[b].first +
+                            " name the same file \"" + first + "\"");
+        }
+    }
     return parsed;
 }
 
@@ -162,20 +189,17 @@ int RunPreviewCommand(const std::vector<std::string>& args, const PreviewEnviron
         s.platform.store = nullptr;
     }
 
-    if (!IsRegularFile(o.RunFile)) {
-        err << Program << ": cannot read \"" << o.RunFile << "\": no such file\n";
-        return PreviewExitFileError;
-    }
     ResetRelayRecords(s);
     const size_t slash = o.RunFile.rfind('/');
     const std::string dir = slash == std::string::npos ? "" : o.RunFile.substr(0, slash + 1);
     const std::string name = slash == std::string::npos ? o.RunFile : o.RunFile.substr(slash + 1);
-    const int loaded = LoadRunFile(s, dir, name, true);
-    if (loaded != RunFileLoaded) {
-        err << Program << ": cannot read \"" << o.RunFile << "\" as a Run File (load result "
-            << loaded << ")\n";
+    RunFileLoadProblem problem;
+    messages.held = true;
+    if (LoadRunFile(s, dir, name, false, &problem) != RunFileLoaded) {
+        err << Program << ": " << RunFileProblemText(o.RunFile, problem) << "\n";
         return PreviewExitFileError;
     }
+    messages.Release();
 
     PreviewRequest request;
     request.From = o.From.value_or(env.Now);

@@ -5,9 +5,12 @@
 #include <set>
 
 #include "boardio/PortAccess.h"
+#include "core/DateTimeText.h"
 #include "core/FatalError.h"
+#include "core/RelayColumns.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RelayStates.h"
+#include "preview/OnTimeStops.h"
 
 namespace vantrellion {
 
@@ -120,19 +123,6 @@ class NotedMessages : public MessageBoxes {
     }
 };
 
-std::string TimeStamp(LocalSeconds t) {
-    const DateTime d = FromLocalSeconds(t);
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%04d-%02d-%02d %02d:%02d:%02d", d.Year, d.Month, d.Day, d.Hour,
-                  d.Minute, d.Second);
-    return buf;
-}
-
-std::string RelayLabel(const ScheduleSnapshot& schedule, int record) {
-    return "Relay " + std::to_string(record + 1) + " \"" + PreviewRelayName(schedule, record) +
-           "\"";
-}
-
 std::string PairLabel(const FrmRelay& f, int k) {
     return std::to_string(k % (LastTimePair + 1) + 1) + " (" + f.StartTime[k].Text() + " to " +
            f.EndTime[k].Text() + ")";
@@ -184,8 +174,8 @@ void AddOverlapWarnings(const ScheduleSnapshot& schedule, PreviewResult& result)
                 w.Record = i;
                 w.Pair = p;
                 w.OtherPair = q;
-                w.Text = RelayLabel(schedule, i) + ": time pairs " + PairLabel(f, k) + " and " +
-                         PairLabel(f, k2) + " overlap";
+                w.Text = PreviewRelayLabel(schedule, i) + ": time pairs " + PairLabel(f, k) +
+                         " and " + PairLabel(f, k2) + " overlap";
                 result.Warnings.push_back(w);
             }
         }
@@ -203,13 +193,16 @@ int64_t TickCountAt(LocalSeconds at, LocalSeconds now, int64_t tickNow) {
 }
 
 std::string PreviewRelayName(const ScheduleSnapshot& schedule, int record) {
-    auto blank = [](const std::string& t) { return t.find_first_not_of(' ') == std::string::npos; };
     const std::string& name = schedule.frmRelay.Relay[record].DisplayName;
-    if (!blank(name)) return name;
-    const std::string& configured =
-        schedule.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard];
-    if (!blank(configured)) return configured;
-    return "Relay " + std::to_string(record + 1);
+    if (name.find_first_not_of(' ') != std::string::npos) return name;
+    return RelayShownName(
+        schedule.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard],
+        record);
+}
+
+std::string PreviewRelayLabel(const ScheduleSnapshot& schedule, int record) {
+    return "Relay " + std::to_string(record + 1) + " \"" + PreviewRelayName(schedule, record) +
+           "\"";
 }
 
 PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest& request,
@@ -280,7 +273,7 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             PreviewWarning w;
             w.Kind = PreviewWarningKind::ProgramEnds;
             w.At = t;
-            w.Text = "At " + TimeStamp(t) + " the evaluation ends the program: " + e.what() +
+            w.Text = "At " + DateTimeText(t) + " the evaluation ends the program: " + e.what() +
                      " (error " + std::to_string(e.Number()) + ")";
             result.Warnings.push_back(w);
             break;
@@ -310,11 +303,12 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
         PreviewWarning w;
         w.Kind = PreviewWarningKind::MessageShown;
         w.At = at;
-        w.Text = "At " + TimeStamp(at) + " the engine shows a message and waits: " + text;
+        w.Text = "At " + DateTimeText(at) + " the engine shows a message and waits: " + text;
         result.Warnings.push_back(w);
     }
     const LocalSeconds evaluatedTo = result.Ended || result.Cancelled ? t : result.Range.To;
-    const std::string span = " from " + TimeStamp(request.From) + " to " + TimeStamp(evaluatedTo);
+    const std::string span =
+        " from " + DateTimeText(request.From) + " to " + DateTimeText(evaluatedTo);
     const FrmRelay& given = schedule.frmRelay;
     for (int i = 0; i < DrivenRelays && result.Evaluations > 0; ++i) {
         const RelayRecord& rec = given.Relay[i];
@@ -327,8 +321,9 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             PreviewWarning w;
             w.Kind = PreviewWarningKind::DaysNeverMatch;
             w.Record = i;
-            w.Text = RelayLabel(schedule, i) + ": its days of the week \"" + rec.DaysOfWeek.Text() +
-                     "\" match no day" + span + ", so its time pairs are never checked";
+            w.Text = PreviewRelayLabel(schedule, i) + ": its days of the week \"" +
+                     rec.DaysOfWeek.Text() + "\" match no day" + span +
+                     ", so its time pairs are never checked";
             result.Warnings.push_back(w);
             continue;
         }
@@ -339,12 +334,13 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             w.Kind = PreviewWarningKind::PairNeverOn;
             w.Record = i;
             w.Pair = p;
-            w.Text = RelayLabel(schedule, i) + ": time pair " + PairLabel(given, k) +
+            w.Text = PreviewRelayLabel(schedule, i) + ": time pair " + PairLabel(given, k) +
                      " never switches on" + span + " (days \"" + rec.DaysOfWeek.Text() +
                      "\", code \"" + rec.DayHrEvenOdd.Text() + "\")";
             result.Warnings.push_back(w);
         }
     }
+    AddOnTimeStopWarnings(schedule, result);
     AddOverlapWarnings(schedule, result);
     return result;
 }

@@ -57,6 +57,7 @@ enum class PreviewWarningKind {
     PairsOverlap,    // two time pairs of one relay share seconds
     ProgramEnds,     // an evaluation would end the program
     MessageShown,    // an evaluation would show a message box and wait for the user
+    OnTimeStops,     // a relay that was on gets no on-time any more from some day on
 };
 
 struct PreviewWarning {
@@ -92,5 +93,7 @@ Timeline PreviewTimeline(const PreviewResult& result);
 // The name a relay is shown under: its display name, else the board's name for it, else
 // "Relay n" (n from 1).
 std::string PreviewRelayName(const ScheduleSnapshot& schedule, int record);
+// The relay as warnings name it: Relay 3 "Fan".
+std::string PreviewRelayLabel(const ScheduleSnapshot& schedule, int record);
 
 }  // namespace vantrellion

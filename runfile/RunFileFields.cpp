@@ -46,6 +46,12 @@ int FieldReader::Peek() {
     }
 }
 
+void FieldReader::Skip() {
+    const char c = buf_[pos_++];
+    if (c == '\r' || (c == '\n' && !afterCr_)) ++line_;
+    afterCr_ = c == '\r';
+}
+
 bool FieldReader::AtEnd() {
     return Peek() < 0;
 }
@@ -66,6 +72,7 @@ void FieldReader::EndField() {
 }
 
 void FieldReader::BeginField() {
+    fieldLine_ = line_;
     if (AtEnd()) throw FieldReadError(ErrTextPastEnd);
 }
 

@@ -29,6 +29,8 @@ inline constexpr const char* ErrTextPastEnd = "Input past end of file";
 inline constexpr const char* ErrTextTypeMismatch = "Type mismatch";
 inline constexpr const char* ErrTextOverflow = "Overflow";
 inline constexpr const char* ErrTextFieldTooLong = "Out of string space";
+// A bound that a version line's suffix lacks.
+inline constexpr const char* ErrTextSubscript = "Subscript out of range";
 
 class FieldReader {
   public:
@@ -46,13 +48,17 @@ class FieldReader {
     // rounded to the nearest whole, ties to even. Anything else that is not a decimal number
     // is a type mismatch, and a number outside 16 bits an overflow.
     int16_t ReadNumber();
+    // The line (from 1) on which the field read last began, or the next one begins when none
+    // has been read: where a read error lies.
+    int FieldLine() const { return fieldLine_; }
 
     // A single field longer than this is refused rather than grown without bound.
     static constexpr size_t MaxFieldLength = 1 << 20;
 
   private:
     int Peek();  // the next byte (0 to 255), or -1 at the end
-    void Skip() { ++pos_; }
+    // Steps over the byte that Peek returned, counting lines: CR LF, LF and CR each end one.
+    void Skip();
     void SkipBlanks();
     // Consumes a comma, or a line end of CR LF, LF or CR, if one is next.
     void EndField();
@@ -64,6 +70,9 @@ class FieldReader {
     std::string buf_;
     size_t pos_ = 0;
     bool eof_ = false;
+    int line_ = 1;
+    int fieldLine_ = 1;
+    bool afterCr_ = false;
 };
 
 // The conversion of a number field's token, exposed for tests.

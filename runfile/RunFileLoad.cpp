@@ -25,14 +25,17 @@ struct FileLayout {
 
 // Opens the file for reading. Only regular files are taken: a directory, a pipe or a device
 // would never end or never begin. On failure returns -1 with the description in error.
-int OpenForInput(const std::string& fullName, std::string& error) {
+// errorNumber is the system's error number, 0 for a file that is not a regular one.
+int OpenForInput(const std::string& fullName, std::string& error, int& errorNumber) {
     const int fd = ::open(fullName.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) {
+        errorNumber = errno;
         error = std::strerror(errno);
         return -1;
     }
     struct stat st {};
     if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        errorNumber = S_ISDIR(st.st_mode) ? EISDIR : 0;
         error = S_ISDIR(st.st_mode) ? std::strerror(EISDIR) : "Not a regular file";
         ::close(fd);
         return -1;
@@ -92,7 +95,7 @@ int SuffixDigit(const std::string& suffix, size_t pos) {
 // The bounds that a current file states in its suffix ".b0.r7.t5": the characters at positions
 // 3, 6 and 9, each clamped to this build's own bound.
 void ReadSuffixBounds(const VersionPieces& v, FileLayout& layout) {
-    if (!v.hasSuffix) throw FieldReadError("Subscript out of range");
+    if (!v.hasSuffix) throw FieldReadError(ErrTextSubscript);
     layout.lastBoard = std::min<int>(SuffixDigit(v.suffix, 3), LastBoard);
     layout.lastRelay = std::min<int>(SuffixDigit(v.suffix, 6), LastRelay);
     layout.lastPair = std::min<int>(SuffixDigit(v.suffix, 9), LastTimePair);
@@ -108,20 +111,30 @@ void ApplyFileFlag(Flag& member, int16_t value) {
     }
 }
 
-void ReadRelayBlock(System& s, FieldReader& in, const FileLayout& layout, int i,
-                    bool& inTimeArray) {
+// `reading` names the field being read, for a report of a read error.
+void ReadRelayBlock(System& s, FieldReader& in, const FileLayout& layout, int i, bool& inTimeArray,
+                    std::string& reading) {
     RelayRecord& rec = s.frmRelay.Relay[i];
-    rec.DisplayName = in.ReadText();
-    rec.DaysOfWeek = in.ReadText();
-    rec.DayHrEvenOdd = ConvertOldEvenOddCode(in.ReadText());
-    ApplyFileFlag(rec.Manual, in.ReadNumber());
-    ApplyFileFlag(rec.Invert, in.ReadNumber());
-    ApplyFileFlag(rec.CounterOn, in.ReadNumber());
+    const std::string relay = "relay " + std::to_string(i + 1) + "'s ";
+    auto text = [&](const char* field) {
+        reading = relay + field;
+        return in.ReadText();
+    };
+    auto number = [&](const char* field) {
+        reading = relay + field;
+        return in.ReadNumber();
+    };
+    rec.DisplayName = text("name");
+    rec.DaysOfWeek = text("days of the week");
+    rec.DayHrEvenOdd = ConvertOldEvenOddCode(text("even/odd code"));
+    ApplyFileFlag(rec.Manual, number("Manual flag"));
+    ApplyFileFlag(rec.Invert, number("Invert flag"));
+    ApplyFileFlag(rec.CounterOn, number("Counter flag"));
     if (layout.countAndHardStop) {
-        rec.Count = in.ReadNumber();
-        ApplyFileFlag(rec.HardStop, in.ReadNumber());
+        rec.Count = number("count");
+        ApplyFileFlag(rec.HardStop, number("Hard Stop flag"));
     }
-    rec.IconFile = in.ReadText();
+    rec.IconFile = text("icon file");
     // A cyclic code has no inverted form, whatever the file says.
     if (rec.DayHrEvenOdd.IsCyclic()) rec.Invert = False;
 
@@ -130,7 +143,10 @@ void ReadRelayBlock(System& s, FieldReader& in, const FileLayout& layout, int i,
     inTimeArray = true;
     for (int p = 0; p <= layout.lastPair; ++p) {
         const int k = PairIndex(i, p);
+        const std::string pair = "time pair " + std::to_string(p + 1);
+        reading = relay + pair + " start";
         s.frmRelay.StartTime[k] = in.ReadText();
+        reading = relay + pair + " end";
         s.frmRelay.EndTime[k] = in.ReadText();
     }
 }
@@ -141,17 +157,20 @@ void ShowReadError(System& s, const std::string& description, bool inTimeArray) 
 }
 
 // Reads what follows the version line. Returns a result code; read errors throw.
-int ReadAfterVersion(System& s, FieldReader& in, bool& inTimeArray) {
+int ReadAfterVersion(System& s, FieldReader& in, bool& inTimeArray, std::string& reading) {
     const VersionPieces v = SplitVersionLine(s.modRelay.FileVersion);
+    reading = "the sizes that the version line gives after its \"|\"";
     FileLayout layout;
     if (v.version == "FV20000424") {
         // No logging line, and no Count or HardStop in the blocks.
         layout.countAndHardStop = false;
     } else if (v.version == "FV.2001.02.29" || v.version == "FV.2001.04.15") {
         // Fixed bounds; whatever suffix the line has is ignored.
+        reading = "the Logging flag";
         ApplyFileFlag(s.modRelay.LoggingOnOff, in.ReadNumber());
     } else if (v.version == "FV.2001.05.01") {
         ReadSuffixBounds(v, layout);
+        reading = "the Logging flag";
         ApplyFileFlag(s.modRelay.LoggingOnOff, in.ReadNumber());
     } else if (v.version == "FV.9999.99.99") {
         s.Message({"Attempting to Load a file Version that does not exist yet", Buttons::OK,
@@ -168,7 +187,7 @@ int ReadAfterVersion(System& s, FieldReader& in, bool& inTimeArray) {
     for (int b = 0; b <= layout.lastBoard; ++b) {
         if (in.AtEnd()) continue;
         for (int r = 0; r <= layout.lastRelay; ++r) {
-            ReadRelayBlock(s, in, layout, RecordIndex(b, r), inTimeArray);
+            ReadRelayBlock(s, in, layout, RecordIndex(b, r), inTimeArray, reading);
         }
     }
     return RunFileLoaded;
@@ -183,28 +202,38 @@ std::string ConvertOldEvenOddCode(const std::string& code) {
     return code;
 }
 
-int LoadRunFile(System& s, const std::string& Path, const std::string& FileName,
-                bool ShowOpenError) {
+int LoadRunFile(System& s, const std::string& Path, const std::string& FileName, bool ShowOpenError,
+                RunFileLoadProblem* problem) {
+    RunFileLoadProblem found;
     std::string openError;
-    const int fd = OpenForInput(Path + FileName, openError);
+    const int fd = OpenForInput(Path + FileName, openError, found.OpenErrno);
     if (fd < 0) {
         if (ShowOpenError) {
             s.Message({openError, Buttons::OK, Icon::Exclamation, 1, "Open Run File Error"});
         }
+        found.Result = RunFileOpenFailed;
+        if (problem) *problem = found;
         return RunFileOpenFailed;
     }
 
     FieldReader in(fd, ReadEncoding(fd));
     bool inTimeArray = false;
+    std::string reading = "the version line";
     int result;
     try {
         s.modRelay.FileVersion = in.ReadText();
-        result = ReadAfterVersion(s, in, inTimeArray);
+        found.Version = s.modRelay.FileVersion;
+        result = ReadAfterVersion(s, in, inTimeArray, reading);
     } catch (const FieldReadError& e) {
         ShowReadError(s, e.what(), inTimeArray);
         result = inTimeArray ? RunFileTimeArrayError : RunFileHeaderError;
+        found.ReadError = e.what();
+        found.Line = in.FieldLine();
+        found.Field = reading;
     }
     ::close(fd);
+    found.Result = result;
+    if (problem) *problem = found;
     if (result == RunFileLoaded) BlankFieldsEntryWouldRefuse(s, Path + FileName);
     return result;
 }

@@ -8,6 +8,7 @@
 
 #include "desktop/VantrellionApp.h"
 #include "desktop/frmRunTimeHistory.h"
+#include "history/RunTimeHistory.h"
 #include "support/Fakes.h"
 #include "support/SavedConfiguration.h"
 #include "support/TempDir.h"
@@ -39,6 +40,31 @@ TEST(RunTimeHistoryMenu, ToolMenuEndsWithTheEntryAndItsWindowLeavesTheTickRunnin
     window->close();
     QApplication::processEvents();
     app.MainWindow()->Unload = nullptr;
+}
+
+// The window on its own: the day view opens on the last day with a log, and the exports start
+// in the documents folder and add the extension to a name typed without one.
+TEST(RunTimeHistoryWindow, OpensOnTheLastLoggedDayAndExportsWithTheTypesExtension) {
+    TempDir logs, out;
+    TestSystem t;
+    t.clock.now = DateTime{2026, 11, 16, 9, 30, 0, 2};
+    t.mod().LogFilePath = logs.Path();
+    logs.Write(LogFileNameOfDay(ToLocalSeconds({2026, 11, 14, 0, 0, 0, 7})),
+               "08:00:00 <1 - - - - - - ->R><I<- - - - - - - ->I \r\n");
+    frmRunTimeHistory form(t.s);
+    EXPECT_EQ(form.dtpDay->date(), QDate(2026, 11, 14));
+
+    t.dialogs.answers = {out.File("figures"), out.File("chart"), out.File("day")};
+    form.cmdExportCsv->click();
+    form.cmdExportPng->click();
+    form.cmdExportDayPng->click();
+    ASSERT_EQ(t.dialogs.saved.size(), 3u);
+    for (const FileDialogRequest& r : t.dialogs.saved)
+        EXPECT_EQ(r.InitialDirectory, kDocuments);
+    EXPECT_EQ(out.Read("figures.csv").substr(0, 5), "Date,");
+    EXPECT_EQ(out.Read("chart.png").substr(1, 3), "PNG");
+    EXPECT_EQ(out.Read("day.png").substr(1, 3), "PNG");
+    EXPECT_TRUE(t.messages.shown.empty());
 }
 
 }  // namespace

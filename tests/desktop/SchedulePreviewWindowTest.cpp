@@ -5,9 +5,11 @@
 #include <QMenu>
 #include <QTest>
 
+#include "core/DateTimeText.h"
 #include "desktop/SchedulePreviewMenu.h"
 #include "desktop/SchedulePreviewWindow.h"
 #include "preview/PreviewReport.h"
+#include "support/TempDir.h"
 #include "tests/desktop/RowWindowFixture.h"
 
 namespace vantrellion::test {
@@ -55,7 +57,7 @@ TEST_F(SchedulePreviewWindowTest, ShowsTheScheduleWarningsAndSwitchTimesWithoutS
     ASSERT_EQ(line.Lanes.size(), 8u);
     EXPECT_EQ(line.Lanes[0].Name, "Pump");
     ASSERT_EQ(line.Lanes[0].On.size(), 7u);
-    EXPECT_EQ(PreviewTimeText(line.Lanes[0].On[0].From), "2026-11-16 08:00:01");
+    EXPECT_EQ(DateTimeText(line.Lanes[0].On[0].From), "2026-11-16 08:00:01");
     ASSERT_GE(win->warnings->count(), 1);
     EXPECT_TRUE(win->warnings->item(0)->text().contains("never switches on"));
 
@@ -63,6 +65,26 @@ TEST_F(SchedulePreviewWindowTest, ShowsTheScheduleWarningsAndSwitchTimesWithoutS
     w->Menu("mnuToolSchedulePreview")->trigger();
     EXPECT_EQ(w->findChildren<SchedulePreviewWindow*>().size(), 1);
     WaitUntilDone(win);
+}
+
+// A start typed into From is taken as typed, and exports start in the documents folder and
+// get the type's extension.
+TEST_F(SchedulePreviewWindowTest, TakesTheTypedStartAsTypedAndExportsWithTheTypesExtension) {
+    SchedulePreviewWindow* win = Open();
+    ASSERT_NE(win, nullptr);
+    win->fromDate->setChecked(true);
+    WaitUntilDone(win);
+    win->date->selectAll();
+    QTest::keyClicks(win->date, "2026-11-28 06:30:00");
+    QTest::keyClick(win->date, Qt::Key_Return);
+    WaitUntilDone(win);
+    EXPECT_EQ(DateTimeText(win->Result()->Range.From), "2026-11-28 06:30:00");
+
+    TempDir dir;
+    t.dialogs.answers = {dir.File("week")};
+    EXPECT_TRUE(win->ExportCsv());
+    EXPECT_EQ(t.dialogs.saved.back().InitialDirectory, kDocuments);
+    EXPECT_EQ(dir.Read("week.csv").substr(0, 23), "time,relay,name,state\r\n");
 }
 
 }  // namespace

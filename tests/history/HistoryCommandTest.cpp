@@ -2,6 +2,7 @@
 
 #include "configuration/KeyValueStore.h"
 #include "configuration/modRegAPI.h"
+#include "core/DateTimeText.h"
 #include "history/HistoryCommand.h"
 #include "tests/history/HistoryTestSupport.h"
 
@@ -60,14 +61,24 @@ TEST_F(HistoryCommandTest, AGivenDirectoryAndRangeAndTheExitStatus) {
     EXPECT_NE(stdOut.find("2026-11-02   9.00"), std::string::npos) << stdOut;
     EXPECT_EQ(stdOut.find("2026-11-03"), std::string::npos);
 
+    // A date with a time of day names its day, in the forms the preview takes.
+    EXPECT_EQ(Run({dir, "--from", "2026-11-02 23:59", "--to", "2026-11-02T06:00:00"}), 0);
+    EXPECT_NE(stdOut.find("\n2026-11-02   9.00"), std::string::npos) << stdOut;
+    EXPECT_EQ(stdOut.find("2026-11-01"), std::string::npos);
     EXPECT_EQ(Run({"--from", "2026-11-31"}), 2);
-    EXPECT_EQ(stdErr, "not a date: 2026-11-31\n");
+    EXPECT_EQ(stdErr, std::string("not a date: 2026-11-31 (give ") + DateTimeForms + ")\n");
     EXPECT_EQ(Run({"--from", "2026-11-05", "--to", "2026-11-04"}), 2);
     EXPECT_EQ(Run({"--csv", "/nonexistent/dir/a.csv"}), 1);
     EXPECT_EQ(stdErr, "cannot write /nonexistent/dir/a.csv\n");
     EXPECT_EQ(Run({"--png", out.File("x.png")}, false), 1);
     EXPECT_EQ(Run({"/nonexistent/logs"}), 1);
     EXPECT_EQ(stdErr, "no such log directory: /nonexistent/logs/\n");
+    // Names without an extension get the type's; two naming one file are refused.
+    EXPECT_EQ(Run({"--csv", out.File("nov"), "--png", out.File("nov")}), 0);
+    EXPECT_EQ(out.Read("nov.csv").substr(0, 14), "Date,Lights,Re");
+    EXPECT_EQ(pictures.back(), out.File("nov.png") + " Lights 31");
+    EXPECT_EQ(Run({"--csv", out.File("a.png"), "--png", out.File("a")}), 2);
+    EXPECT_EQ(stdErr, "--csv and --png name the same file: " + out.File("a.png") + "\n");
     EXPECT_EQ(Run({"--version"}), 0);
     EXPECT_EQ(stdOut, std::string("vantrellion-history ") + ProgramVersionText + "\n");
 }

@@ -45,6 +45,11 @@ TEST_F(HistoryReportTest, CsvHasOneRowPerDayWithHoursAndTheMissingDay) {
         << csv;
     EXPECT_NE(csv.find("\r\n2026-11-15,0.00,"), std::string::npos);
     EXPECT_NE(csv.find(",0.00,24.00,0,no\r\n"), std::string::npos);
+
+    // The day view opens on today when it has a log, else on the last day that has one.
+    EXPECT_EQ(DayViewDay(h, d1), d1);
+    EXPECT_EQ(DayViewDay(h, d2), d1);
+    EXPECT_EQ(DayViewDay(ReadDays(dir, d2, d2 + 86400), d2 + 86400), d2 + 86400);
 }
 
 }  // namespace

@@ -80,9 +80,9 @@ TEST(PreviewCommand, PrintsOnTimesAndWritesEveryOutputWithNamesFromTheStore) {
         << o.out;
     EXPECT_NE(o.out.find("2026-11-23   0:59:59"), std::string::npos) << o.out;
     EXPECT_NE(o.out.find("2026-11-25   0:00:00"), std::string::npos) << o.out;
-    EXPECT_NE(o.out.find("  1  Pump\n  2  Valve\n  3  Relay 3\n"), std::string::npos) << o.out;
+    EXPECT_NE(o.out.find("  R1  Pump\n  R2  Valve\n  R3  Relay 3\n"), std::string::npos) << o.out;
     const std::string written = f.dir.Read("out.csv");
-    EXPECT_NE(written.find("2026-11-23 08:00:01,1,Pump,on\n2026-11-23 09:00:00,1,Pump,off\n"),
+    EXPECT_NE(written.find("2026-11-23 08:00:01,R1,Pump,on\r\n2026-11-23 09:00:00,R1,Pump,off\r\n"),
               std::string::npos)
         << written;
     EXPECT_EQ(f.pictures, (std::vector<std::string>{"png:" + f.dir.File("w.png") + ":8",
@@ -97,6 +97,50 @@ TEST(PreviewCommand, PrintsOnTimesAndWritesEveryOutputWithNamesFromTheStore) {
                            f.dir.File("no/x.csv") +
                            "\"\nvantrellion-preview: cannot write the picture to \"" +
                            f.dir.File("no/x.png") + "\"\n");
+}
+
+TEST(PreviewCommand, SaysWhatIsWrongWithAFileAddsExtensionsAndRefusesOneFileTwice) {
+    CommandFixture f;
+    const std::string runFile = f.SaveSchedule();
+    // Line 6, relay 1's Manual flag, made no number: version, Logging, name, days, code, Manual.
+    std::string damaged = f.dir.Read("pump.run");
+    size_t line6 = 0;
+    for (int n = 0; n < 5; ++n)
+        line6 = damaged.find("\r\n", line6) + 2;
+    damaged.replace(line6, damaged.find("\r\n", line6) - line6, "x");
+    f.dir.Write("damaged.run", damaged);
+    f.dir.Write("notes.txt", "shopping list\r\n");
+    const std::pair<std::string, std::string> bad[] = {
+        {f.dir.File("none.run"), "\"" + f.dir.File("none.run") + "\" does not exist"},
+        {f.dir.File("notes.txt"), "\"" + f.dir.File("notes.txt") +
+                                      "\" is not a Run File: its first line is \"shopping list\", "
+                                      "where a Run File begins with its version, such as "
+                                      "\"FV.2001.05.01\""},
+        {f.dir.File("damaged.run"), "\"" + f.dir.File("damaged.run") +
+                                        "\" is damaged at line 6, which holds relay 1's Manual "
+                                        "flag: it should be a number"},
+    };
+    for (const auto& [file, said] : bad) {
+        const Outcome o = f.Run({file});
+        EXPECT_EQ(o.status, PreviewExitFileError) << file;
+        EXPECT_EQ(o.err, "vantrellion-preview: " + said + "\n");
+    }
+
+    // Names without an extension get the type's; a start typed as a date alone is midnight.
+    f.pictures.clear();
+    Outcome o = f.Run({runFile, "--from", "2026-11-23", "--days", "1", "--csv", f.dir.File("week"),
+                       "--png", f.dir.File("week"), "--svg", f.dir.File("week.old")});
+    EXPECT_EQ(o.status, PreviewExitOk) << o.err;
+    EXPECT_NE(o.out.find("Preview from 2026-11-23 00:00:00"), std::string::npos);
+    EXPECT_NE(f.dir.Read("week.csv").find(",R1,Pump,on\r\n"), std::string::npos);
+    EXPECT_EQ(f.pictures, (std::vector<std::string>{"png:" + f.dir.File("week.png") + ":8",
+                                                    "svg:" + f.dir.File("week.old") + ":8"}));
+    // Two outputs naming one file, once its extension is added, are refused.
+    o = f.Run({runFile, "--csv", f.dir.File("a.png"), "--png", f.dir.File("a")});
+    EXPECT_EQ(o.status, PreviewExitUsage);
+    EXPECT_EQ(
+        o.err.substr(0, o.err.find('\n')),
+        "vantrellion-preview: --csv and --png name the same file \"" + f.dir.File("a.png") + "\"");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "core/FatalError.h"
 #include "engine/Tick.h"
+#include "preview/OnTimeStops.h"
 #include "preview/PreviewReport.h"
 #include "preview/SchedulePreview.h"
 #include "support/Fakes.h"
@@ -207,6 +208,40 @@ TEST(SchedulePreview, WarnsOfPairsNeverOnDaysNeverMatchedOverlapsAndTheEnd) {
     EXPECT_EQ(line.Gaps[0].To, Friday + 3600 + Day);
 }
 
+// A relay that was on and then gets no on-time from some day to the end is warned of; days
+// that its schedule leaves off (weekdays, odd days, a cycle's off days, the part of a last
+// day before its pair) are no such drop.
+TEST(SchedulePreview, WarnsWhenARelaysOnTimeDropsToNothingFromSomeDayOn) {
+    TestSystem t;
+    Apply(t, {
+                 {"All Days", "30", {{"08:00", "20:00"}}},
+                 {"246", "EO", {{"08:00", "09:00"}}},
+                 {"All Days", "OD", {{"18:00", "20:00"}}},
+                 {"All Days", "1500", {{"08:00", "09:00"}}},
+                 {"All Days", "EO", {{"12:00", "13:00"}}},
+             });
+    const ScheduleSnapshot snapshot = TakeSnapshot(t.s);
+    const LocalSeconds monday10 = ToLocalSeconds({2026, 11, 23, 10, 0, 0, 2});
+    PreviewResult r = RunPreview(snapshot, {monday10, 7 * Day});
+    EXPECT_TRUE(r.Warnings.empty()) << r.Warnings.front().Text;
+
+    // The cycle stops giving on-time from Friday on.
+    std::fill(r.Relays[0].OnSecondsPerDay.begin() + 4, r.Relays[0].OnSecondsPerDay.end(), 0);
+    AddOnTimeStopWarnings(snapshot, r);
+    ASSERT_EQ(r.Warnings.size(), 1u);
+    EXPECT_EQ(r.Warnings[0].Kind, PreviewWarningKind::OnTimeStops);
+    EXPECT_EQ(r.Warnings[0].Text,
+              "Relay 1 \"Relay 1\": its on-time drops to nothing from 2026-11-27 on: on last on "
+              "2026-11-26, then never on again up to 2026-11-30 10:00:00 (days \"All Days\", "
+              "code \"30\")");
+    // Days after an end of the evaluation are not known, so they show no drop.
+    r.Warnings.clear();
+    r.Ended = true;
+    r.EndedAt = r.DayStarts[4];
+    AddOnTimeStopWarnings(snapshot, r);
+    EXPECT_TRUE(r.Warnings.empty());
+}
+
 // The documented schedule of the README's CSV example: Monday 30 November and Tuesday
 // 1 December 2026. Pump runs 08:00 to 09:30 and 23:00 to 23:59:59 every day; the porch lights
 // 18:00 to 20:00 on odd days of the month only; the fan is inverted, scheduled on Mondays
@@ -221,27 +256,27 @@ TEST(SchedulePreview, GoldenCsvAndOnTimesOverMidnightAndAMonthEnd) {
     const LocalSeconds monday = ToLocalSeconds({2026, 11, 30, 0, 0, 0, 2});
     const PreviewResult r = RunPreview(TakeSnapshot(t.s), {monday, 2 * Day});
     EXPECT_EQ(PreviewCsv(r),
-              "time,relay,name,state\n"
-              "2026-11-30 00:00:00,1,Pump,off\n"
-              "2026-11-30 00:00:00,2,\"Lights, porch\",off\n"
-              "2026-11-30 00:00:00,3,Fan,on\n"
-              "2026-11-30 00:00:00,4,Relay 4,off\n"
-              "2026-11-30 00:00:00,5,Relay 5,off\n"
-              "2026-11-30 00:00:00,6,Relay 6,off\n"
-              "2026-11-30 00:00:00,7,Relay 7,off\n"
-              "2026-11-30 00:00:00,8,Relay 8,off\n"
-              "2026-11-30 08:00:01,1,Pump,on\n"
-              "2026-11-30 09:30:00,1,Pump,off\n"
-              "2026-11-30 12:00:01,3,Fan,off\n"
-              "2026-11-30 13:00:00,3,Fan,on\n"
-              "2026-11-30 23:00:01,1,Pump,on\n"
-              "2026-11-30 23:59:59,1,Pump,off\n"
-              "2026-12-01 08:00:01,1,Pump,on\n"
-              "2026-12-01 09:30:00,1,Pump,off\n"
-              "2026-12-01 18:00:01,2,\"Lights, porch\",on\n"
-              "2026-12-01 20:00:00,2,\"Lights, porch\",off\n"
-              "2026-12-01 23:00:01,1,Pump,on\n"
-              "2026-12-01 23:59:59,1,Pump,off\n");
+              "time,relay,name,state\r\n"
+              "2026-11-30 00:00:00,R1,Pump,off\r\n"
+              "2026-11-30 00:00:00,R2,\"Lights, porch\",off\r\n"
+              "2026-11-30 00:00:00,R3,Fan,on\r\n"
+              "2026-11-30 00:00:00,R4,Relay 4,off\r\n"
+              "2026-11-30 00:00:00,R5,Relay 5,off\r\n"
+              "2026-11-30 00:00:00,R6,Relay 6,off\r\n"
+              "2026-11-30 00:00:00,R7,Relay 7,off\r\n"
+              "2026-11-30 00:00:00,R8,Relay 8,off\r\n"
+              "2026-11-30 08:00:01,R1,Pump,on\r\n"
+              "2026-11-30 09:30:00,R1,Pump,off\r\n"
+              "2026-11-30 12:00:01,R3,Fan,off\r\n"
+              "2026-11-30 13:00:00,R3,Fan,on\r\n"
+              "2026-11-30 23:00:01,R1,Pump,on\r\n"
+              "2026-11-30 23:59:59,R1,Pump,off\r\n"
+              "2026-12-01 08:00:01,R1,Pump,on\r\n"
+              "2026-12-01 09:30:00,R1,Pump,off\r\n"
+              "2026-12-01 18:00:01,R2,\"Lights, porch\",on\r\n"
+              "2026-12-01 20:00:00,R2,\"Lights, porch\",off\r\n"
+              "2026-12-01 23:00:01,R1,Pump,on\r\n"
+              "2026-12-01 23:59:59,R1,Pump,off\r\n");
     ASSERT_EQ(r.DayStarts, (std::vector<LocalSeconds>{monday, monday + Day}));
     EXPECT_EQ(r.Relays[0].OnSecondsPerDay, (std::vector<int64_t>{5399 + 3598, 5399 + 3598}));
     EXPECT_EQ(r.Relays[1].OnSecondsPerDay, (std::vector<int64_t>{0, 7199}));
