@@ -18,6 +18,7 @@
 #include "desktop/HelpAndLogMenus.h"
 #include "desktop/QtConvert.h"
 #include "desktop/ShowConfigForms.h"
+#include "desktop/TypingLimit.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 
 namespace vantrellion {
@@ -46,7 +47,7 @@ void ShowCombo(QComboBox* c, const ComboBoxValue& v) {
 
 void ShowText(QLineEdit* e, const std::string& text) {
     const QSignalBlocker block(e);
-    if (e->text() != Q(text)) e->setText(Q(text));
+    SetWholeText(e, Q(text));
 }
 
 void ShowCheck(QCheckBox* c, int16_t value) {

@@ -15,6 +15,7 @@
 #include "desktop/QtPlatform.h"
 #include "desktop/RecentFilesMenu.h"
 #include "desktop/ShowConfigForms.h"
+#include "desktop/WindowsOnScreen.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
 
@@ -55,6 +56,8 @@ class VantrellionApp {
                               const std::string& source);
 
     System s_;
+    // Fits every window that the program shows into the screen, from the splash on.
+    WindowsOnScreen windowsOnScreen_;
     QtClock qtClock_;
     QtCheckTimer timer_;
     QtEventPump pump_;

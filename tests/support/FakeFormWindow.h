@@ -66,6 +66,12 @@ class FakeFormWindow : public FormWindow {
     float ScreenWidth() const override { return screenWidth; }
     float ScreenHeight() const override { return screenHeight; }
     bool CanPlace() const override { return canPlace; }
+    bool hasOwner = false;
+    float ownerLeft = 0, ownerTop = 0, ownerWidth = 0, ownerHeight = 0;
+    bool OwnerPlace(float& l, float& t, float& w, float& h) const override {
+        l = ownerLeft, t = ownerTop, w = ownerWidth, h = ownerHeight;
+        return hasOwner;
+    }
     double ScaleWidth() const override { return scaleWidth; }
     double ScaleHeight() const override { return scaleHeight; }
     std::vector<FormControl*> Controls() override {
