@@ -128,6 +128,9 @@ TEST_F(ProgramWindows, ANameShowsItsStartAndMoreOfItInAWiderRowAndTextsGrowWithT
 
 TEST(FileDialogs, OpenWideEnoughToShowEveryColumnOfTheirList) {
     TempDir dir;
+    // A larger font widens the columns more than Qt's own size for the dialog.
+    const QFont font = QApplication::font();
+    QApplication::setFont(QFont("Arial", 12));
     QtFileDialogs dialogs;
     dialogs.startDirectory = dir.Path();
     int seen = 0;
@@ -144,6 +147,7 @@ TEST(FileDialogs, OpenWideEnoughToShowEveryColumnOfTheirList) {
     dialogs.ShowOpen({"Open", "Run File (*.run)|*.run", "", "", 0x1000});
     dialogs.ShowSave({"Save As", "Run File (*.run)|*.run", "", "", 2});
     EXPECT_EQ(seen, 2);
+    QApplication::setFont(font);
 }
 
 // The offscreen screen, 800 x 600, is smaller than the preview and history windows ask for.
