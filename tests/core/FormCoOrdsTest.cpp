@@ -78,13 +78,11 @@ TEST_F(FormCoOrdsTest, TheClockOpensBesideItsOwnerOnTheSideWithRoom) {
     w.name = "frmTime";
     w.width = 2490, w.height = 990;
     w.hasOwner = true;
-    w.ownerLeft = 1500, w.ownerTop = 900, w.ownerWidth = 7800, w.ownerHeight = 6900;
+    w.owner[0] = 1500, w.owner[1] = 900, w.owner[2] = 7800, w.owner[3] = 6900;
     std::string text;
-    ASSERT_TRUE(DefaultFormPosition(w, text));
-    EXPECT_EQ(text, "9450,900,2490,990");
-    w.ownerLeft = 11000;  // no room on the right of a 19200 wide screen
-    ASSERT_TRUE(DefaultFormPosition(w, text));
-    EXPECT_EQ(text, "8360,900,2490,990");
+    EXPECT_TRUE(DefaultFormPosition(w, text) && text == "9450,900,2490,990") << text;
+    w.owner[0] = 11000;  // no room on the right of a 19200 wide screen
+    EXPECT_TRUE(DefaultFormPosition(w, text) && text == "8360,900,2490,990") << text;
 }
 
 TEST(ScreenFit, AWindowShrinksAndMovesOnlyAsFarAsItMustToLieWithinTheArea) {

@@ -98,8 +98,7 @@ TEST_F(ProgramWindows, ANameShowsItsStartAndMoreOfItInAWiderRowAndTextsGrowWithT
     w.SetText(Control::txtDisplayName, 3, S(gewaechshaus));  // as a Run File fills the row
     EXPECT_EQ(name->text(), gewaechshaus);
     EXPECT_EQ(name->cursorPosition(), 0);
-    name->setFocus();
-    name->selectAll();
+    name->setFocus();                   // with the whole text selected
     for (const QChar c : gewaechshaus)  // typed, a row takes nine characters
         QTest::sendKeyEvent(QTest::Click, name, Qt::Key_unknown, QString(c), Qt::NoModifier);
     QTest::keyClick(name, Qt::Key_Tab);
@@ -150,7 +149,7 @@ TEST(FileDialogs, OpenWideEnoughToShowEveryColumnOfTheirList) {
     QApplication::setFont(font);
 }
 
-// The offscreen screen, 800 x 600, is smaller than the preview and history windows ask for.
+// The offscreen screen, 800 pixels wide, is narrower than the preview and history windows ask.
 TEST_F(ProgramWindows, EveryWindowOpensWithinTheScreenAndTheClockBesideTheRows) {
     {  // a place remembered from a larger screen
         KeyValueStore store(dir.File("store.db"));
@@ -176,8 +175,6 @@ TEST_F(ProgramWindows, EveryWindowOpensWithinTheScreenAndTheClockBesideTheRows) 
         EXPECT_TRUE(inside(preview->findChild<QPushButton*>(name))) << name;
     for (const char* name : {"cmdExportPng", "cmdExportCsv", "cmdExportDayPng"})
         EXPECT_TRUE(inside(history->findChild<QPushButton*>(name))) << name;
-    preview->close();
-    history->close();
 
     Window().Menu("mnuHelpTimeWin")->trigger();
     QApplication::processEvents();

@@ -67,10 +67,9 @@ class FakeFormWindow : public FormWindow {
     float ScreenHeight() const override { return screenHeight; }
     bool CanPlace() const override { return canPlace; }
     bool hasOwner = false;
-    float ownerLeft = 0, ownerTop = 0, ownerWidth = 0, ownerHeight = 0;
+    float owner[4] = {};  // left, top, width, height
     bool OwnerPlace(float& l, float& t, float& w, float& h) const override {
-        l = ownerLeft, t = ownerTop, w = ownerWidth, h = ownerHeight;
-        return hasOwner;
+        return l = owner[0], t = owner[1], w = owner[2], h = owner[3], hasOwner;
     }
     double ScaleWidth() const override { return scaleWidth; }
     double ScaleHeight() const override { return scaleHeight; }
