@@ -103,7 +103,9 @@ WindowsOnScreen::~WindowsOnScreen() {
 }
 
 bool WindowsOnScreen::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Show && watched->isWidgetType()) {
+    // The program's own showing of a window; one that the window system shows again (restored
+    // from an icon) stays where the user had it.
+    if (event->type() == QEvent::Show && !event->spontaneous() && watched->isWidgetType()) {
         auto* w = static_cast<QWidget*>(watched);
         if (w->isWindow()) FitWindowToScreen(*w);
     }
