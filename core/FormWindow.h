@@ -50,6 +50,12 @@ class FormWindow {
     // False where the window system does not let a program place its windows (Wayland): the
     // position is then neither set nor taken from the window.
     virtual bool CanPlace() const { return true; }
+    // The place and size of the window that owns this one (the main screen for the clock), or
+    // false for a window that has no owner.
+    virtual bool OwnerPlace(float& /*left*/, float& /*top*/, float& /*width*/,
+                            float& /*height*/) const {
+        return false;
+    }
 
     // For the proportional resize: the inner size, the controls in their order, and the
     // pointer shown while the controls move.

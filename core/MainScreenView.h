@@ -64,6 +64,9 @@ class MainScreenView {
     virtual void StackRelayGroups() {}
     virtual void SizeFormToRows() {}
     virtual void ApplyRunTimeFonts() {}
+    // The texts of the rows at this multiple of their run-time fonts, each still fitting its
+    // control, after the rows have been scaled with the window.
+    virtual void ScaleRowTexts(double /*ratio*/) {}
     // The screen as a window, for its remembered place and the scaling of its rows; null for a
     // view without a window.
     virtual FormWindow* Window() { return nullptr; }

@@ -10,11 +10,11 @@ constexpr const char* kKeyPath = "SOFTWARE\\Vantrellion";
 constexpr const char* kSection = "Startup";
 
 // How a window's default text is made.
-enum class Rule { Centred, CentredIfFits, Fixed };
+enum class Rule { Centred, CentredIfFits, Fixed, BesideOwner };
 struct DefaultRule {
     const char* name;
     Rule rule;
-    const char* tail;  // appended after the centred place: ",width,height"; or the whole text
+    const char* tail;  // appended after the computed place: ",width,height"; or the whole text
 };
 
 // In the order of lookup.
@@ -30,12 +30,25 @@ constexpr DefaultRule kWindows[] = {
     {"frmLogFileDelete", Rule::Centred, ""},
     {"frmRelay", Rule::CentredIfFits, ""},
     {"frmSplash", Rule::Centred, ",7665,4335"},
-    {"frmTime", Rule::Centred, ",2490,990"},
+    {"frmTime", Rule::BesideOwner, ",2490,990"},
 };
 
 std::string Centred(const FormWindow& form) {
     return SingleText((form.ScreenWidth() - form.Width()) / 2) + "," +
            SingleText((form.ScreenHeight() - form.Height()) / 2);
+}
+
+// Right of the owner, top edges level, with a small gap; left of it when the screen has no room
+// on the right. The clock then never covers the rows of the main screen. A window without an
+// owner is centred.
+std::string BesideOwner(const FormWindow& form) {
+    constexpr float kGap = 150;
+    float left = 0, top = 0, width = 0, height = 0;
+    if (!form.OwnerPlace(left, top, width, height)) return Centred(form);
+    float x = left + width + kGap;
+    if (x + form.Width() > form.ScreenWidth() && left - kGap - form.Width() >= 0)
+        x = left - kGap - form.Width();
+    return SingleText(x) + "," + SingleText(top);
 }
 
 // Strictly greater on both sides: a window as wide as the screen does not fit.
@@ -58,6 +71,9 @@ bool DefaultFormPosition(const FormWindow& form, std::string& text) {
                 break;
             case Rule::Centred:
                 text = Centred(form) + w.tail;
+                break;
+            case Rule::BesideOwner:
+                text = BesideOwner(form) + w.tail;
                 break;
         }
         return true;

@@ -1,5 +1,6 @@
 #include "core/clsResizeFormCntls.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 
@@ -84,6 +85,12 @@ void clsResizeFormCntls::ScaleControls() {
         if (sel.Left) g.Control->Write(Geometry::Left, g.Left * ratioWidth);
         if (sel.Width) g.Control->Write(Geometry::Width, g.Width * ratioWidth);
     }
+}
+
+double clsResizeFormCntls::TextScale() const {
+    if (FirstCall != 0 || !sourceForm_ || DesignWidth == 0 || DesignHeight == 0) return 1.0;
+    return std::min(sourceForm_->ScaleWidth() / DesignWidth,
+                    sourceForm_->ScaleHeight() / DesignHeight);
 }
 
 void clsResizeFormCntls::SizeFormToScreen(int16_t percent) {

@@ -1,7 +1,8 @@
 // Proportional resize of a window's controls: the geometry of every control is recorded once,
 // and each scaling pass multiplies the recorded numbers by the ratio of the window's present
 // inner size to its recorded inner size. The recorded numbers are never overwritten by a pass,
-// so rounding never adds up. Only place and size change; fonts stay.
+// so rounding never adds up. Place and size change here; the window scales its texts by
+// TextScale.
 #pragma once
 
 #include <cstdint>
@@ -38,6 +39,11 @@ class clsResizeFormCntls {
     void SizeFormToScreen(int16_t percent);
     // Takes the present geometry as the new design.
     void ReInitialize();
+    // How far the window's texts scale with it: the smaller of the two ratios of its present
+    // inner size to the recorded one, so that a text grows no further than its control grows
+    // both ways. A window made only wider keeps its texts and shows more of them. 1 before the
+    // first capture.
+    double TextScale() const;
 
     int32_t DesignWidth = 0;
     int32_t DesignHeight = 0;

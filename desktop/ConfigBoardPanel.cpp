@@ -2,6 +2,9 @@
 
 #include <QGridLayout>
 
+#include "desktop/TypingLimit.h"
+#include "mainscreen/FieldLimits.h"
+
 namespace vantrellion {
 
 namespace {
@@ -97,6 +100,7 @@ ConfigBoardPanel::ConfigBoardPanel(QWidget* parent) : QWidget(parent) {
             txtRelayName[i] = new QLineEdit(this);
             txtRelayName[i]->setObjectName("txtRelayName");
             txtRelayName[i]->setProperty("index", i);
+            new TypingLimit(txtRelayName[i], DisplayNameMaxLength);
             grid->addWidget(txtRelayName[i], row, 1 + b);
         }
     }

@@ -5,6 +5,7 @@
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -18,6 +19,7 @@
 #include "desktop/HelpAndLogMenus.h"
 #include "desktop/QtConvert.h"
 #include "desktop/ShowConfigForms.h"
+#include "desktop/TypingLimit.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 
 namespace vantrellion {
@@ -46,7 +48,7 @@ void ShowCombo(QComboBox* c, const ComboBoxValue& v) {
 
 void ShowText(QLineEdit* e, const std::string& text) {
     const QSignalBlocker block(e);
-    if (e->text() != Q(text)) e->setText(Q(text));
+    SetWholeText(e, Q(text));
 }
 
 void ShowCheck(QCheckBox* c, int16_t value) {
@@ -77,14 +79,27 @@ ConfigScreenWindow::ConfigScreenWindow(System& s, ConfigScreenKind kind, ColorCh
     layout->setSpacing(4);
     menuBar_ = new QMenuBar(this);
     layout->setMenuBar(menuBar_);
+    // The panels scroll where the screen is lower than they are (a small or a scaled display),
+    // so that the window fits the screen with its buttons below in reach.
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* panels = new QWidget(scroll);
+    auto* panelLayout = new QVBoxLayout(panels);
+    panelLayout->setContentsMargins(0, 0, 0, 0);
+    panelLayout->setSpacing(4);
     if (HasBoardControls(kind)) {
-        Boards = new ConfigBoardPanel(this);
-        layout->addWidget(Boards);
+        Boards = new ConfigBoardPanel(panels);
+        panelLayout->addWidget(Boards);
     }
     if (HasColorButtons(kind)) {
-        Colors = new ConfigColorPanel(this);
-        layout->addWidget(Colors);
+        Colors = new ConfigColorPanel(panels);
+        panelLayout->addWidget(Colors);
     }
+    scroll->setWidget(panels);
+    scroll->setMinimumWidth(panels->minimumSizeHint().width());
+    layout->addWidget(scroll, 1);
     auto* buttons = new QHBoxLayout;
     const bool combined = kind == ConfigScreenKind::Configuration;
     cmdSave = new QPushButton("Save", this);
@@ -99,8 +114,11 @@ ConfigScreenWindow::ConfigScreenWindow(System& s, ConfigScreenKind kind, ColorCh
     layout->addLayout(buttons);
     BuildMenus();
 
+    // The design size, or the size that shows all of the panels where that is more; the screen
+    // then sets the limit (desktop/WindowsOnScreen.h).
     const TwipsSize client = ConfigScreenClientSize(kind);
-    resize(Px(client.Width), Px(client.Height));
+    const QSize whole = sizeHint() - scroll->sizeHint() + panels->sizeHint();
+    resize(std::max(Px(client.Width), whole.width()), std::max(Px(client.Height), whole.height()));
     Wire();
     WireConfigScreenHelpAndPrint(s_, *this);
     Load();

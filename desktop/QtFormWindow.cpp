@@ -136,9 +136,21 @@ bool QtFormWindow::CanPlace() const {
     return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
+bool QtFormWindow::OwnerPlace(float& left, float& top, float& width, float& height) const {
+    const QWidget* owner = w_.parentWidget() ? w_.parentWidget()->window() : nullptr;
+    if (!owner) return false;
+    left = static_cast<float>(owner->x() * TwipsPerPixel);
+    top = static_cast<float>(owner->y() * TwipsPerPixel);
+    width = static_cast<float>(owner->width() * TwipsPerPixel);
+    height = static_cast<float>(owner->height() * TwipsPerPixel);
+    return true;
+}
+
 QSize QtFormWindow::ClientSize() const {
     // The window's layout places the client (menu bar and status bar around it): bring it up
-    // to date first, as a window that has not been shown yet has not laid it out.
+    // to date first, as a window that has not been shown yet has not laid it out, and the bars
+    // may not yet have taken the sizes of their own contents.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     if (QLayout* l = w_.layout()) l->activate();
     return client_ ? client_->size() : w_.contentsRect().size();
 }

@@ -47,6 +47,8 @@ class QtFormWindow : public FormWindow {
     float ScreenWidth() const override;
     float ScreenHeight() const override;
     bool CanPlace() const override;
+    // The window's parent window, where it has one.
+    bool OwnerPlace(float& left, float& top, float& width, float& height) const override;
 
     double ScaleWidth() const override;
     double ScaleHeight() const override;

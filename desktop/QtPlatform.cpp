@@ -5,12 +5,16 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLayout>
 #include <QLoggingCategory>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QStyle>
 #include <QTimer>
+#include <QTreeView>
 
 #include "desktop/QtConvert.h"
 
@@ -193,6 +197,26 @@ QString QtFilterFromSystemFilter(const std::string& filter) {
 
 namespace {
 
+// Qt's own file dialog opens at its small size hint, which hides all but the name column. It
+// opens wide enough for every column of its list beside the side bar, and a little higher than
+// its hint; the screen's limit is kept as for every window (desktop/WindowsOnScreen.h).
+void SizeFileDialog(QFileDialog& dialog) {
+    const QSize hint = dialog.sizeHint();
+    int width = hint.width();
+    const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    const auto* sideBar = dialog.findChild<QWidget*>(QStringLiteral("sidebar"));
+    if (list && sideBar) {
+        const int frames = 2 * list->frameWidth() +
+                           2 * sideBar->style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+        const int scrollBar = list->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        const QMargins margins = dialog.layout() ? dialog.layout()->contentsMargins() : QMargins();
+        width = std::max(width, list->header()->length() + scrollBar + frames +
+                                    sideBar->sizeHint().width() + margins.left() + margins.right() +
+                                    3 * dialog.style()->pixelMetric(QStyle::PM_SplitterWidth));
+    }
+    dialog.resize(width, hint.height() * 5 / 4);
+}
+
 std::optional<std::string> RunDialog(const FileDialogRequest& r, QFileDialog::AcceptMode mode,
                                      const std::string& startDirectory) {
     const std::string& directory = r.InitialDirectory.empty() ? startDirectory : r.InitialDirectory;
@@ -206,6 +230,7 @@ std::optional<std::string> RunDialog(const FileDialogRequest& r, QFileDialog::Ac
         dialog.setOption(QFileDialog::DontConfirmOverwrite, (r.Flags & 2) == 0);
     }
     if (!r.FileName.empty()) dialog.selectFile(Q(r.FileName));
+    SizeFileDialog(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return S(dialog.selectedFiles().front());
 }

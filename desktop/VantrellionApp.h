@@ -16,6 +16,7 @@
 #include "desktop/RecentFilesMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/ShowRequests.h"
+#include "desktop/WindowsOnScreen.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
 
@@ -58,6 +59,8 @@ class VantrellionApp {
                               const std::string& source);
 
     System s_;
+    // Fits every window that the program shows into the screen, from the splash on.
+    WindowsOnScreen windowsOnScreen_;
     QtClock qtClock_;
     QtCheckTimer timer_;
     QtEventPump pump_;

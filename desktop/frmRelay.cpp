@@ -9,13 +9,18 @@
 #include <QStyleOptionFrame>
 #include <QVBoxLayout>
 #include <cmath>
+#include <string_view>
 
 #include "configuration/clsExeOrIDE.h"
 #include "core/clsResizeFormCntls.h"
 #include "desktop/DesignFont.h"
 #include "desktop/FormPosition.h"
 #include "desktop/QtConvert.h"
+#include "desktop/RowField.h"
+#include "desktop/TypingLimit.h"
 #include "desktop/resources/clsLoadCustomResource.h"
+#include "mainscreen/FieldLimits.h"
+#include "mainscreen/StatusHint.h"
 
 namespace vantrellion {
 
@@ -90,7 +95,10 @@ void SetCaption(QLabel* l, const std::string& text, std::string& last) {
 
 void SetFieldText(QLineEdit* e, const std::string& text) {
     const QString q = Q(text);
-    if (e->text() != q) e->setText(q);
+    if (auto* field = dynamic_cast<RowField*>(e))
+        field->ShowText(q);
+    else if (e->text() != q)
+        e->setText(q);
 }
 
 void KeepDisabledTextLegible(QWidget* w, QPalette::ColorRole background) {
@@ -110,7 +118,7 @@ QLabel* MakeLabel(QWidget* parent, const QString& name, const QString& caption) 
 }
 
 QLineEdit* MakeField(QWidget* parent, const QString& name) {
-    auto* e = new QLineEdit(parent);
+    auto* e = new RowField(parent);
     e->setObjectName(name);
     // The fields are a few pixels high and wide: give the style's inner margin to the text.
     e->setTextMargins(-2, -1, -2, -1);
@@ -168,15 +176,17 @@ void frmRelay::BuildRows() {
 
         txtDisplayName[i] = MakeField(f, "txtDisplayName");
         Place(txtDisplayName[i], kDisplayName);
-        if (i != 0) txtDisplayName[i]->setMaxLength(9);  // row 0 has no limit
+        if (DisplayNameLimit(i) > 0) new TypingLimit(txtDisplayName[i], DisplayNameLimit(i));
+        connect(txtDisplayName[i], &QLineEdit::textChanged, this,
+                [this] { FitRowFonts("txtDisplayName"); });
 
         txtDaysOfWeek[i] = MakeField(f, "txtDaysOfWeek");
         Place(txtDaysOfWeek[i], kDaysOfWeek);
-        txtDaysOfWeek[i]->setMaxLength(i == 0 ? 9 : 8);
+        txtDaysOfWeek[i]->setMaxLength(DaysOfWeekLimit(i));
 
         txtDayHrEvenOdd[i] = MakeField(f, "txtDayHrEvenOdd");
         Place(txtDayHrEvenOdd[i], kDayHrEvenOdd);
-        txtDayHrEvenOdd[i]->setMaxLength(2);
+        txtDayHrEvenOdd[i]->setMaxLength(DayHrEvenOddMaxLength);
         txtDayHrEvenOdd[i]->setAlignment(Qt::AlignCenter);
 
         shpOnOffLight[i] = new OnOffLight(f);
@@ -383,6 +393,20 @@ void frmRelay::BuildStatusBar() {
         StatusBar1->addPermanentWidget(StatusPanel[n], stretch[n]);
     }
     FitClockPanel();
+    FitHintPanel();
+}
+
+void frmRelay::FitHintPanel() {
+    // Panel 5 takes the width that the window leaves it, whatever the length of its hint: a
+    // long hint is cut at the window's edge instead of pushing the panel out of the window. It
+    // is always as high as a hint needs, so that the rows above keep their room whether a hint
+    // shows or not.
+    QLabel* hint = StatusPanel[4];
+    hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    QFont bold = hint->font();
+    bold.setPointSize(StatusHintPoints);
+    bold.setBold(true);
+    hint->setFixedHeight(QFontMetrics(bold).height() + 2 * hint->frameWidth());
 }
 
 void frmRelay::FitClockPanel() {
@@ -462,8 +486,21 @@ void frmRelay::ApplyRunTimeFonts() {
                 edit->setMaxLength(e.maxLength);
         }
     }
+    // The run-time font of each family of row controls, from which every scaling starts.
+    rowFonts_.clear();
+    for (const RowCaptions& family : RowCaptionsByControl())
+        if (const auto* w = findChild<QWidget*>(QLatin1String(family.control)))
+            rowFonts_[family.control] = w->font();
+    textScale_ = 1.0;
     FitRowFonts();
     FitClockPanel();
+    FitHintPanel();
+}
+
+void frmRelay::ScaleRowTexts(double ratio) {
+    if (ratio == textScale_) return;
+    textScale_ = ratio;
+    FitRowFonts();
 }
 
 const std::vector<RowCaptions>& RowCaptionsByControl() {
@@ -502,27 +539,38 @@ int TextRoom(const QWidget* w) {
     return area.width() - margins.left() - margins.right() - 2 * 2;
 }
 
-void frmRelay::FitRowFonts() {
+void frmRelay::FitRowFonts(const char* only) {
+    for (const RowCaptions& family : RowCaptionsByControl())
+        if (!only || std::string_view(only) == family.control) FitRowFont(family);
+}
+
+void frmRelay::FitRowFont(const RowCaptions& family) {
     // The design sizes of the controls were drawn for a narrow font: each family of controls
-    // keeps its run-time font where its widest text fits, and steps down by half a point
-    // until it does (not below 5 points, where it would no longer be read).
-    for (const RowCaptions& family : RowCaptionsByControl()) {
-        const QList<QWidget*> widgets = findChildren<QWidget*>(QLatin1String(family.control));
-        if (widgets.isEmpty()) continue;
-        QFont font = widgets.front()->font();
-        const int room = TextRoom(widgets.front());
-        const auto widest = [&] {
-            const QFontMetrics metrics(font);
-            int most = 0;
-            for (const QString& text : family.texts)
-                most = std::max(most, metrics.horizontalAdvance(text));
-            return most;
-        };
-        while (widest() > room && font.pointSizeF() > 5.0)
-            font.setPointSizeF(font.pointSizeF() - 0.5);
-        for (QWidget* w : widgets)
-            if (w->font() != font) w->setFont(font);
-    }
+    // takes its run-time font, scaled with the window, where its widest text fits, and steps
+    // down by half a point until it does (not below 5 points, where it would no longer be
+    // read). The names count with the texts of the family: as many characters of each as a
+    // user can type into a row shows whole.
+    const QList<QWidget*> widgets = findChildren<QWidget*>(QLatin1String(family.control));
+    const auto base = rowFonts_.find(family.control);
+    if (widgets.isEmpty() || base == rowFonts_.end()) return;
+    QStringList texts = family.texts;
+    if (QLatin1String(family.control) == QLatin1String("txtDisplayName"))
+        for (const QLineEdit* name : txtDisplayName)
+            texts << name->text().left(DisplayNameMaxLength);
+    QFont font = base->second;
+    font.setPointSizeF(std::max(5.0, font.pointSizeF() * textScale_));
+    const int room = TextRoom(widgets.front());
+    const auto widest = [&] {
+        const QFontMetrics metrics(font);
+        int most = 0;
+        for (const QString& text : texts)
+            most = std::max(most, metrics.horizontalAdvance(text));
+        return most;
+    };
+    while (widest() > room && font.pointSizeF() > 5.0)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    for (QWidget* w : widgets)
+        if (w->font() != font) w->setFont(font);
 }
 
 // RowDisplay ------------------------------------------------------------------------------

@@ -102,6 +102,7 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     void StackRelayGroups() override;
     void SizeFormToRows() override;
     void ApplyRunTimeFonts() override;
+    void ScaleRowTexts(double ratio) override;
     FormWindow* Window() override { return window_.get(); }
 
     // Runs a menu command; the desktop wires the commands of each menu item here.
@@ -131,7 +132,10 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     void BuildMenus();
     void BuildStatusBar();
     void FitClockPanel();
-    void FitRowFonts();
+    void FitHintPanel();
+    // Fits every family of row controls, or only the one of that control name.
+    void FitRowFonts(const char* only = nullptr);
+    void FitRowFont(const RowCaptions& family);
     QWidget* Widget(Control c, int index) const;
     QAction* AddItem(QMenu* menu, const QString& name, const QString& caption, int index = 0);
 
@@ -146,6 +150,9 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     std::array<std::vector<std::string>, kControlCount> lastText_;
     std::array<std::string, 4> stateCaptions_, inputCaptions_;
     std::string timeWindowText_{std::string(1, '\0')};
+    // The run-time font of each family of row controls, and the ratio they are scaled by.
+    std::map<std::string, QFont> rowFonts_;
+    double textScale_ = 1.0;
 
     System& s_;
     std::multimap<QString, QAction*> actions_;

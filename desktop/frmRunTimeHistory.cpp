@@ -56,7 +56,8 @@ frmRunTimeHistory::frmRunTimeHistory(System& s, QWidget* parent) : QDialog(paren
     cmdExportCsv = Button(this, "cmdExportCsv", "Export CSV...");
     chtHistory = new HistoryChartWidget(this);
     chtHistory->setObjectName("chtHistory");
-    chtHistory->setMinimumHeight(320);
+    // Low enough that the window fits a small screen; the splitter gives the chart the most.
+    chtHistory->setMinimumHeight(160);
     chtHistory->OnHover = [this](const HistoryBar* bar) { ShowBarValue(bar); };
     chtHistory->OnClick = [this](const HistoryBar& bar) {
         dtpDay->setDate(ToQDate(history_.Days[static_cast<size_t>(bar.Day)].Start));

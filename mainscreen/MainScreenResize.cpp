@@ -12,7 +12,10 @@ void Form_Resize(System& s) {
     const CheckTimeHold hold(s);
     if (f.ResizedOnce != 0) f.SavePositionAtExit = False;
     window->SetBusyPointer(true);
-    if (f.ResizeFormCntls) f.ResizeFormCntls->ScaleControls();
+    if (f.ResizeFormCntls) {
+        f.ResizeFormCntls->ScaleControls();
+        s.screen().ScaleRowTexts(f.ResizeFormCntls->TextScale());
+    }
     f.ResizedOnce = True;
     window->SetBusyPointer(false);
 }

@@ -1,5 +1,5 @@
-// The main screen's resize event: the rows scale with the window, with the tick held off and
-// the busy pointer up while the controls move.
+// The main screen's resize event: the rows and their texts scale with the window, with the tick
+// held off and the busy pointer up while the controls move.
 #pragma once
 
 #include "core/SharedState.h"

@@ -6,10 +6,10 @@ void ShowStatusHint(System& s, const std::string& text) {
     if (s.frmRelay.RowsShown == 0) return;
     if (text.empty()) {
         s.screen().SetText(Control::StatusBar1, 5, "");
-        s.screen().SetStatusFont(8, false);
+        s.screen().SetStatusFont(StatusPlainPoints, false);
     } else {
         s.screen().SetText(Control::StatusBar1, 5, "> " + text + " <");
-        s.screen().SetStatusFont(11, true);
+        s.screen().SetStatusFont(StatusHintPoints, true);
     }
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "configuration/modRegAPI.h"
+#include "core/ScreenFit.h"
 #include "core/clsFormCoOrdsGeneral.h"
 #include "core/clsFormCoOrdsRelay.h"
 #include "support/FakeFormWindow.h"
@@ -71,6 +72,36 @@ TEST_F(FormCoOrdsTest, ADamagedStoredTextChangesOnlyWhatIsANumber) {
         EXPECT_EQ(w.height, c.height) << c.text;
     }
     EXPECT_TRUE(t.messages.shown.empty());
+}
+
+TEST_F(FormCoOrdsTest, TheClockOpensBesideItsOwnerOnTheSideWithRoom) {
+    w.name = "frmTime";
+    w.width = 2490, w.height = 990;
+    w.hasOwner = true;
+    w.owner[0] = 1500, w.owner[1] = 900, w.owner[2] = 7800, w.owner[3] = 6900;
+    std::string text;
+    EXPECT_TRUE(DefaultFormPosition(w, text) && text == "9450,900,2490,990") << text;
+    w.owner[0] = 11000;  // no room on the right of a 19200 wide screen
+    EXPECT_TRUE(DefaultFormPosition(w, text) && text == "8360,900,2490,990") << text;
+}
+
+TEST(ScreenFit, AWindowShrinksAndMovesOnlyAsFarAsItMustToLieWithinTheArea) {
+    const FrameMargins frame{4, 24, 4, 4};
+    const ScreenRect area{0, 30, 1024, 738};  // a panel at the top
+    struct Case {
+        ScreenRect window;
+        int minimumWidth, minimumHeight;
+        ScreenRect fitted;
+    };
+    const Case cases[] = {
+        {{100, 100, 600, 400}, 0, 0, {100, 100, 600, 400}},    // inside: stays
+        {{2000, 1500, 600, 400}, 0, 0, {416, 340, 600, 400}},  // off the shrunk screen
+        {{-50, 0, 1200, 900}, 0, 0, {0, 30, 1016, 710}},       // larger than the area
+        {{10, 40, 1200, 900}, 1100, 800, {0, 30, 1100, 800}},  // not below its minimum
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(FitWindowToArea(c.window, frame, area, c.minimumWidth, c.minimumHeight),
+                  c.fitted);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "configuration/clsConfiguration.h"
 #include "desktop/ConfigScreenWindow.h"
+#include "desktop/QtConvert.h"
 #include "support/Fakes.h"
 #include "support/TempStore.h"
 
@@ -104,6 +105,22 @@ TEST_F(ConfigScreenWidgetTest, AddressEntriesAreCheckedWhenTheFocusLeaves) {
             EXPECT_EQ(t.messages.shown[0].Title, c.refusal);
         }
     }
+}
+
+TEST_F(ConfigScreenWidgetTest, ARelayNameTakesNoMoreThanARowShowsAndALongerStoredOneStaysWhole) {
+    const QString name = QString::fromUtf8("Gewächshaus Ω");
+    t.mod().Board[0].RelayName[2] = S(name);  // from an earlier version, longer than a row takes
+    Open();
+    EXPECT_LT(w->minimumSizeHint().height(), 400) << "the panels scroll on a low screen";
+    EXPECT_EQ(P().txtRelayName[2]->text(), name);
+    QLineEdit* field = P().txtRelayName[1];
+    Focus(field);
+    field->selectAll();
+    for (const QChar c : name)
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(c), Qt::NoModifier);
+    QTest::keyClick(field, Qt::Key_Tab);
+    EXPECT_EQ(field->text(), name.left(9));
+    EXPECT_EQ(t.mod().Board[0].RelayName[1], S(name.left(9)));
 }
 
 }  // namespace

@@ -66,6 +66,11 @@ class FakeFormWindow : public FormWindow {
     float ScreenWidth() const override { return screenWidth; }
     float ScreenHeight() const override { return screenHeight; }
     bool CanPlace() const override { return canPlace; }
+    bool hasOwner = false;
+    float owner[4] = {};  // left, top, width, height
+    bool OwnerPlace(float& l, float& t, float& w, float& h) const override {
+        return l = owner[0], t = owner[1], w = owner[2], h = owner[3], hasOwner;
+    }
     double ScaleWidth() const override { return scaleWidth; }
     double ScaleHeight() const override { return scaleHeight; }
     std::vector<FormControl*> Controls() override {
