@@ -1,0 +1,31 @@
+// The service manager's notifications (sd_notify): READY=1 once the first tick has run,
+// WATCHDOG=1 after every tick that completes, so that a tick that hangs gets the service
+// restarted, STATUS= with the relays on and the next switch when it changes, and STOPPING=1
+// at a clean stop. Without NOTIFY_SOCKET in the environment nothing is sent.
+#pragma once
+
+#include <string>
+
+#include "core/SharedState.h"
+#include "service/ServiceStatus.h"
+
+namespace vantrellion {
+
+class ServiceNotifier : public TickObserver {
+  public:
+    explicit ServiceNotifier(System& s);
+    void TickCompleted() override;
+    void Stopping();
+    // The schedule was reloaded.
+    void Reloaded() { next_.Invalidate(); }
+    bool Active() const { return active_; }
+
+  private:
+    System& s_;
+    bool active_;
+    bool ready_ = false;
+    std::string status_;
+    NextSwitchTimes next_;
+};
+
+}  // namespace vantrellion
