@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Measures the idle cost of the service beside its yardstick, in one run: vantrelliond on the
-# heavy schedule of the benchmark (emulation mode, logging on, a notify socket as under
-# systemd), and scripts/idle_schedule_loop.py, a headless Python loop doing the same evaluation
+# heavy schedule of the benchmark (emulation mode, logging on, a notify socket and the
+# watchdog of the shipped unit as under systemd), and scripts/idle_schedule_loop.py, a headless Python loop doing the same evaluation
 # every 900 ms. Both run side by side over the same span; for each, the CPU used (percent of
 # one core) and the resident memory at the end (RSS, with its own part, Private_Dirty).
 # The goals: the service's CPU at most a quarter of the loop's, its RSS at most 8 MiB.
@@ -33,7 +33,7 @@ while True:
 ' "$work/notify" &
 pids+=($!)
 sleep 0.5
-NOTIFY_SOCKET="$work/notify" "$build/bin/vantrelliond" --run "$work/heavy.run" \
+NOTIFY_SOCKET="$work/notify" WATCHDOG_USEC=10000000 "$build/bin/vantrelliond" --run "$work/heavy.run" \
     --log-dir "$work/service-log" 2>"$work/service.err" &
 service=$!
 pids+=($service)

@@ -1,5 +1,6 @@
-// The service's event loop: a monotonic timer every 900 ms (timerfd) and the signals through
-// a signalfd. SIGTERM and SIGINT stop the service cleanly; SIGHUP reloads the Run File.
+// The service's event loop: a tick every 900 ms on the monotonic clock (poll with a deadline)
+// and the signals through a signalfd. SIGTERM and SIGINT stop the service cleanly; SIGHUP
+// reloads the Run File.
 #pragma once
 
 #include "service/Service.h"

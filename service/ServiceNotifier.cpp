@@ -9,18 +9,27 @@ namespace vantrellion {
 ServiceNotifier::ServiceNotifier(System& s) : s_(s) {
     const char* socket = std::getenv("NOTIFY_SOCKET");
     active_ = socket && *socket;
+    uint64_t usec = 0;
+    if (active_ && sd_watchdog_enabled(0, &usec) > 0)
+        watchdogMs_ = static_cast<int64_t>(usec / 4000);
 }
 
 void ServiceNotifier::TickCompleted() {
     if (!active_) return;
-    std::string message = ready_ ? "WATCHDOG=1" : "READY=1\nWATCHDOG=1";
+    std::string message;
+    if (!ready_) message = "READY=1\n";
     ready_ = true;
+    const int64_t now = s_.clock().MonotonicMs();
+    if (watchdogMs_ > 0 && (lastWatchdog_ == 0 || now - lastWatchdog_ >= watchdogMs_)) {
+        lastWatchdog_ = now;
+        message += "WATCHDOG=1\n";
+    }
     const std::string status = ServiceStatusText(RelaysOn(s_), next_.After(s_));
     if (status != status_) {
         status_ = status;
-        message += "\nSTATUS=" + status;
+        message += "STATUS=" + status + "\n";
     }
-    sd_notify(0, message.c_str());
+    if (!message.empty()) sd_notify(0, message.c_str());
 }
 
 void ServiceNotifier::Stopping() {

@@ -1,7 +1,8 @@
 // The service manager's notifications (sd_notify): READY=1 once the first tick has run,
-// WATCHDOG=1 after every tick that completes, so that a tick that hangs gets the service
-// restarted, STATUS= with the relays on and the next switch when it changes, and STOPPING=1
-// at a clean stop. Without NOTIFY_SOCKET in the environment nothing is sent.
+// WATCHDOG=1 after a tick completes, so that a tick that hangs gets the service restarted,
+// STATUS= with the relays on and the next switch when it changes, and STOPPING=1 at a clean
+// stop. WATCHDOG=1 goes only where the manager watches (WATCHDOG_USEC), at most four times in
+// its period, so that most ticks send nothing. Without NOTIFY_SOCKET nothing is sent.
 #pragma once
 
 #include <string>
@@ -24,6 +25,8 @@ class ServiceNotifier : public TickObserver {
     System& s_;
     bool active_;
     bool ready_ = false;
+    int64_t watchdogMs_ = 0;  // the interval between WATCHDOG=1; 0 when no one watches
+    int64_t lastWatchdog_ = 0;
     std::string status_;
     NextSwitchTimes next_;
 };

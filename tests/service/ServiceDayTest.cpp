@@ -20,6 +20,7 @@ TEST(ServiceDay, SameStateLinesAsTheDesktopCoreAndTheNotifyProtocol) {
     const std::string runFile = PrepareServiceDirectory(dir);
     NotifySocket notify(dir.File("notify"));
     ::setenv("NOTIFY_SOCKET", notify.Path().c_str(), 1);
+    ::setenv("WATCHDOG_USEC", "10000000", 1);  // WatchdogSec=10, as the unit has it
 
     FakeClock clock;
     clock.now = DateTime{2026, 11, 16, 0, 0, 0, 2};
@@ -81,6 +82,7 @@ TEST(ServiceDay, SameStateLinesAsTheDesktopCoreAndTheNotifyProtocol) {
     EXPECT_TRUE(notify.WaitFor("STOPPING=1", 1000));
     EXPECT_FALSE(std::filesystem::exists(dir.File(RestartFileName)));
     ::unsetenv("NOTIFY_SOCKET");
+    ::unsetenv("WATCHDOG_USEC");
 }
 
 }  // namespace

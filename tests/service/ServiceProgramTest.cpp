@@ -26,6 +26,7 @@ class Daemon {
                 ::unsetenv("NOTIFY_SOCKET");
             else
                 ::setenv("NOTIFY_SOCKET", notify.c_str(), 1);
+            ::setenv("WATCHDOG_USEC", "10000000", 1);  // WatchdogSec=10, as the unit has it
             std::freopen(stderr_.c_str(), "w", stderr);
             std::vector<char*> argv{const_cast<char*>(VANTRELLIOND)};
             for (const std::string& a : args)
@@ -77,7 +78,7 @@ TEST(ServiceProgram, NotifiesReloadsOnHangupAndStopsCleanlyOnTerm) {
     ASSERT_TRUE(notify.WaitFor("READY=1", 5000)) << d.Stderr();
     EXPECT_NE(notify.All().find("STATUS="), std::string::npos);
     notify.Forget();
-    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 3000));
+    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 4000));
     EXPECT_TRUE(std::filesystem::exists(dir.File(RestartFileName)));
 
     // SIGHUP reads the Run File again; a damaged one is refused and the schedule stays.
@@ -87,7 +88,7 @@ TEST(ServiceProgram, NotifiesReloadsOnHangupAndStopsCleanlyOnTerm) {
     d.Signal(SIGHUP);
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     notify.Forget();
-    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 3000)) << "still ticking after a refused reload";
+    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 4000)) << "still ticking after a refused reload";
 
     const auto stop = std::chrono::steady_clock::now();
     d.Signal(SIGTERM);
