@@ -24,10 +24,19 @@ void ServiceNotifier::TickCompleted() {
         lastWatchdog_ = now;
         message += "WATCHDOG=1\n";
     }
-    const std::string status = ServiceStatusText(RelaysOn(s_), next_.After(s_));
-    if (status != status_) {
-        status_ = status;
-        message += "STATUS=" + status + "\n";
+    // The status text changes only when a relay switches or the next switch time has come.
+    const int on = RelaysOn(s_);
+    const LocalSeconds local = ToLocalSeconds(s_.clock().Now());
+    if (on != relaysOn_ || !nextSwitch_ || local >= *nextSwitch_ || local < statusAt_) {
+        relaysOn_ = on;
+        statusAt_ = local;
+        const std::optional<LocalSeconds> next = next_.After(s_);
+        nextSwitch_ = next ? *next : local + 3600;
+        const std::string status = ServiceStatusText(on, next);
+        if (status != status_) {
+            status_ = status;
+            message += "STATUS=" + status + "\n";
+        }
     }
     if (!message.empty()) sd_notify(0, message.c_str());
 }

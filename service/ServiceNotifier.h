@@ -5,6 +5,7 @@
 // its period, so that most ticks send nothing. Without NOTIFY_SOCKET nothing is sent.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/SharedState.h"
@@ -18,7 +19,10 @@ class ServiceNotifier : public TickObserver {
     void TickCompleted() override;
     void Stopping();
     // The schedule was reloaded.
-    void Reloaded() { next_.Invalidate(); }
+    void Reloaded() {
+        next_.Invalidate();
+        nextSwitch_.reset();
+    }
     bool Active() const { return active_; }
 
   private:
@@ -28,6 +32,9 @@ class ServiceNotifier : public TickObserver {
     int64_t watchdogMs_ = 0;  // the interval between WATCHDOG=1; 0 when no one watches
     int64_t lastWatchdog_ = 0;
     std::string status_;
+    int relaysOn_ = -1;
+    std::optional<LocalSeconds> nextSwitch_;  // when the status text is worked out again
+    LocalSeconds statusAt_ = 0;
     NextSwitchTimes next_;
 };
 
