@@ -145,6 +145,18 @@ TEST(ServiceProgram, RunFileThatDoesNotLoadEndsTheStartWithoutARestartFile) {
     }
     Daemon wrong(dir, {"--bogus"}, "");
     EXPECT_EQ(wrong.Wait(2000), 2);
+    // Without a configuration the first-run box answers itself, and the service says why it
+    // ends.
+    TempDir empty;
+    Daemon unconfigured(empty, {"--data-dir", empty.Path()}, "");
+    EXPECT_EQ(unconfigured.Wait(5000), 1);
+    EXPECT_NE(unconfigured.Stderr().find("<3>Vantrellion is not Configured!: You MUST Configure "
+                                         "Now"),
+              std::string::npos)
+        << unconfigured.Stderr();
+    EXPECT_NE(unconfigured.Stderr().find("[answered Cancel]"), std::string::npos);
+    EXPECT_NE(unconfigured.Stderr().find("<3>not started: no usable configuration"),
+              std::string::npos);
 }
 
 }  // namespace
