@@ -4,11 +4,12 @@
 
 #include "configuration/AutostartFolders.h"
 #include "configuration/RunOnBootCommands.h"
+#include "configuration/ServiceCommands.h"
 #include "desktop/EventGuard.h"
 
 namespace vantrellion {
 
-void WireRunOnBootMenu(frmRelay& w, System& s) {
+void WireRunOnBootMenu(frmRelay& w, System& s, ServiceManager& manager) {
     Platform& p = s.platform;
     if (p.autostartMachineDirectory.empty() && p.autostartUserDirectory.empty()) {
         const AutostartDirectories dirs = DefaultAutostartDirectories();
@@ -35,6 +36,9 @@ void WireRunOnBootMenu(frmRelay& w, System& s) {
     });
     w.OnMenu("mnuToolRunOnBootNever", [&s, marks](int) {
         RunCommand(s, [&s, &marks] { mnuToolRunOnBootNever(s, marks); });
+    });
+    w.OnMenu("mnuToolRunAsService", [&s, &manager](int) {
+        RunCommand(s, [&s, &manager] { mnuToolRunAsService(s, manager, CurrentUserName()); });
     });
 }
 

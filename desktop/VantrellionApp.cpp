@@ -2,14 +2,18 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QMenuBar>
 #include <QScreen>
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
+#include <thread>
 
 #include "boardio/BoardStatusDisplay.h"
 #include "boardio/LibraryPorts.h"
 #include "configuration/BoardConnections.h"
 #include "configuration/CheckConfigurationAtStart.h"
+#include "configuration/ServiceCommands.h"
 #include "configuration/screens/ConfigurationCommands.h"
 #include "core/CheckTimeControl.h"
 #include "core/FatalError.h"
@@ -32,6 +36,7 @@
 #include "mainscreen/MainScreenLifecycle.h"
 #include "mainscreen/MainScreenResize.h"
 #include "mainscreen/RefreshTitleAndMenus.h"
+#include "mainscreen/RowRefill.h"
 
 namespace vantrellion {
 
@@ -58,6 +63,7 @@ VantrellionApp::VantrellionApp(Options o) {
     p.store = store_.get();
     p.windowPlaces = &windowPlaces_;
     p.configuration = &configurationSaves_;
+    serviceManager_ = o.serviceManager ? o.serviceManager : &systemServiceManager_;
     timer_.SetEnabled(false);
     QObject::connect(timer_.Timer(), &QTimer::timeout, [this] {
         RunOrEnd(s_, [this] { CheckTimeTick(s_); });
@@ -127,6 +133,14 @@ bool VantrellionApp::Main() {
         instanceLock_ = std::make_unique<InstanceLock>(s_.platform.machineDirectory);  // 3
         // Two copies would drive the same boards against each other: a second one only shows
         // the running one, or quits.
+        if (instanceLock_->AnotherInstanceRuns() && HolderIsService(instanceLock_->Holder())) {
+            if (!StartBesideService()) {
+                instanceLock_.reset();
+                UnloadAllForms();
+                return false;
+            }
+            if (serviceView_) return true;
+        }
         if (instanceLock_->AnotherInstanceRuns()) {
             MessageBoxRequest box{std::string("You are attempting to run more then one copy of ") +
                                       AppTitle + " , Doing so will cause unreliable performance.",
@@ -162,6 +176,64 @@ bool VantrellionApp::Main() {
     }
     UnloadAllForms();
     return false;
+}
+
+bool VantrellionApp::StartBesideService() {
+    switch (AskAboutRunningService(s_, instanceLock_->Holder())) {
+        case RunningServiceChoice::Quit:
+            return false;
+        case RunningServiceChoice::View:
+            return CreateServiceView();
+        case RunningServiceChoice::TakeOver:
+            break;
+    }
+    if (!StopServiceForTakeOver(s_, *serviceManager_)) return false;
+    // The service lets go of the lock as its process ends.
+    for (int waited = 0; waited < 10000; waited += 100) {
+        if (instanceLock_->TryTakeOver()) {
+            tookOverService_ = true;
+            return true;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    s_.Message({"The service stopped, but another process still holds the boards.", Buttons::OK,
+                Icon::Critical});
+    return false;
+}
+
+bool VantrellionApp::CreateServiceView() {
+    // The configuration (colours, boards, log folder) as the service reads it; nothing of the
+    // boards is touched and nothing is written.
+    if (!CheckConfigurationAtStart(s_, firstRun_)) return false;
+    main_ = std::make_unique<frmRelay>(s_);
+    boardStatusDisplay_ = std::make_unique<BoardStatusDisplay>(*main_, s_, *boards_);
+    s_.platform.display = boardStatusDisplay_.get();
+    s_.platform.screen = main_.get();
+    ResetRowVisuals(s_);
+    serviceView_ = std::make_unique<ServiceView>(s_);
+    serviceView_->Refresh();
+    RefreshTitleAndMenus(s_);
+    serviceView_->Refresh();
+    // No edits: the rows and the menus take no input; closing the window ends the view.
+    if (main_->centralWidget()) main_->centralWidget()->setEnabled(false);
+    main_->menuBar()->setEnabled(false);
+    serviceViewTimer_.setInterval(900);
+    QObject::connect(&serviceViewTimer_, &QTimer::timeout, [this] {
+        RunCommand(s_, [this] { serviceView_->Refresh(); });
+        store_->ReleaseFile();
+    });
+    serviceViewTimer_.start();
+    store_->ReleaseFile();
+    main_->show();
+    return true;
+}
+
+void VantrellionApp::AfterExit() {
+    serviceViewTimer_.stop();
+    if (!tookOverService_) return;
+    tookOverService_ = false;
+    instanceLock_.reset();
+    OfferServiceRestart(s_, *serviceManager_);
 }
 
 void VantrellionApp::ShowToTheUser() {
@@ -225,7 +297,7 @@ void VantrellionApp::WireMenus() {
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
-    WireRunOnBootMenu(w, s_);
+    WireRunOnBootMenu(w, s_, *serviceManager_);
     WireStateToolMenus(w, s_);
     WireHelpAndLogMenus(s_, w);
     WireSchedulePreviewMenu(s_, w);

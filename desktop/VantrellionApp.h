@@ -3,12 +3,14 @@
 // and fakes for the clock, the ports, the message boxes and the file dialogs.
 #pragma once
 
+#include <QTimer>
 #include <memory>
 #include <string>
 
 #include "boardio/BoardSet.h"
 #include "configuration/ConfigurationStoreAdapter.h"
 #include "configuration/KeyValueStore.h"
+#include "configuration/ServiceManager.h"
 #include "configuration/StoreWindowPlaces.h"
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
@@ -19,6 +21,7 @@
 #include "desktop/WindowsOnScreen.h"
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
+#include "mainscreen/ServiceView.h"
 
 namespace vantrellion {
 
@@ -32,6 +35,8 @@ class VantrellionApp {
         FileDialogs* dialogs = nullptr;    // Qt's file dialogs when null
         // The user's documents folder, with its trailing "/"; the machine directory when empty.
         std::string documentsDirectory;
+        // systemctl and loginctl for the service's commands; the real ones when null.
+        ServiceManager* serviceManager = nullptr;
     };
     explicit VantrellionApp(Options options);
     ~VantrellionApp();
@@ -47,9 +52,19 @@ class VantrellionApp {
 
     // Closes every window that is still open.
     void UnloadAllForms();
+    // After the event loop: lets go of the boards and, when this run took over from the
+    // service, offers to start the service again.
+    void AfterExit();
+    // True when the main window shows the running service instead of driving the boards.
+    bool ViewingService() const { return serviceView_ != nullptr; }
 
   private:
     void CreateMainScreen();
+    // The start while the service holds the lock: its box and the answer chosen. True when
+    // the program goes on (viewing, or having taken over).
+    bool StartBesideService();
+    // The main window as a read-only view of the service, refreshed every tick.
+    bool CreateServiceView();
     // Brings the main window (or the splash, early in the start) to the front.
     void ShowToTheUser();
     // Closes the splash and stores its place.
@@ -78,6 +93,11 @@ class VantrellionApp {
     // The configuration screens that the start-up check opens on a first run.
     DesktopConfigurationScreens firstRun_{s_};
     std::unique_ptr<InstanceLock> instanceLock_;
+    SystemServiceManager systemServiceManager_;
+    ServiceManager* serviceManager_ = nullptr;
+    bool tookOverService_ = false;
+    std::unique_ptr<ServiceView> serviceView_;
+    QTimer serviceViewTimer_;
     // Where a second start asks this one to show itself.
     std::unique_ptr<ShowRequestListener> showRequests_;
     std::unique_ptr<frmSplash> splash_;

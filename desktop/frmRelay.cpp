@@ -315,6 +315,8 @@ void frmRelay::BuildMenus() {
     AddItem(boot, "mnuToolRunOnBootOnce", "Next Time");
     AddItem(boot, "mnuToolRunOnBootAlways", "Always");
     AddItem(boot, "mnuToolRunOnBootNever", "Never");
+    boot->addSeparator();
+    AddItem(boot, "mnuToolRunAsService", "Run as a Service (no login needed)");
     tool->addSeparator();
     AddItem(tool, "mnuToolSchedulePreview", "Schedule Preview...");
 

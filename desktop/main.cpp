@@ -29,5 +29,7 @@ int main(int argc, char** argv) {
     options.documentsDirectory = vantrellion::UserDocumentsDirectory();
     vantrellion::VantrellionApp program(options);
     if (!program.Main()) return 0;
-    return QApplication::exec();
+    const int code = QApplication::exec();
+    program.AfterExit();
+    return code;
 }

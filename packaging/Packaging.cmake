@@ -29,6 +29,16 @@ file(MAKE_DIRECTORY ${PKG_BIN})
 file(CREATE_LINK ../${PKG_LIBDIR}/vantrellion ${PKG_BIN}/vantrellion SYMBOLIC)
 install(FILES ${PKG_BIN}/vantrellion DESTINATION ${CMAKE_INSTALL_BINDIR})
 
+# The service beside the program, with its units for the user's and the system's service manager.
+install(TARGETS vantrelliond RUNTIME DESTINATION ${PKG_LIBDIR})
+file(CREATE_LINK ../${PKG_LIBDIR}/vantrelliond ${PKG_BIN}/vantrelliond SYMBOLIC)
+install(FILES ${PKG_BIN}/vantrelliond DESTINATION ${CMAKE_INSTALL_BINDIR})
+set(VANTRELLIOND /usr/bin/vantrelliond)
+configure_file(${PKG_SRC}/vantrelliond.service ${PKG_BIN}/vantrelliond.service @ONLY)
+configure_file(${PKG_SRC}/vantrelliond@.service ${PKG_BIN}/vantrelliond@.service @ONLY)
+install(FILES ${PKG_BIN}/vantrelliond.service DESTINATION lib/systemd/user)
+install(FILES ${PKG_BIN}/vantrelliond@.service DESTINATION lib/systemd/system)
+
 install(FILES ${PKG_SRC}/org.vantrellion.Vantrellion.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 configure_file(${PKG_SRC}/org.vantrellion.Vantrellion.metainfo.xml.in
@@ -44,15 +54,18 @@ endforeach()
 # The manual page and the changelog go in compressed, without time stamps in the archive.
 set(VERSION ${PROJECT_VERSION})
 configure_file(${PKG_SRC}/vantrellion.1 ${PKG_BIN}/vantrellion.1 @ONLY)
+configure_file(${PKG_SRC}/vantrelliond.8 ${PKG_BIN}/vantrelliond.8 @ONLY)
 configure_file(${PKG_SRC}/changelog.in ${PKG_BIN}/changelog @ONLY)
 configure_file(${PKG_SRC}/copyright ${PKG_BIN}/copyright @ONLY)
-foreach(doc vantrellion.1 changelog)
+foreach(doc vantrellion.1 vantrelliond.8 changelog)
   add_custom_command(OUTPUT ${PKG_BIN}/${doc}.gz
                      COMMAND gzip -9nc ${PKG_BIN}/${doc} > ${PKG_BIN}/${doc}.gz
                      DEPENDS ${PKG_BIN}/${doc} VERBATIM)
 endforeach()
-add_custom_target(package_docs ALL DEPENDS ${PKG_BIN}/vantrellion.1.gz ${PKG_BIN}/changelog.gz)
+add_custom_target(package_docs ALL DEPENDS ${PKG_BIN}/vantrellion.1.gz ${PKG_BIN}/vantrelliond.8.gz
+                                          ${PKG_BIN}/changelog.gz)
 install(FILES ${PKG_BIN}/vantrellion.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${PKG_BIN}/vantrelliond.8.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
 install(FILES ${PKG_BIN}/changelog.gz ${PKG_BIN}/copyright DESTINATION ${PKG_DOCDIR})
 
 set(CPACK_GENERATOR DEB)

@@ -61,6 +61,11 @@ expected=(
     "./usr/share/applications/org.vantrellion.Vantrellion.desktop"
     "./usr/share/metainfo/org.vantrellion.Vantrellion.metainfo.xml"
     "./usr/share/man/man1/vantrellion.1.gz"
+    "./$libdir/vantrelliond"
+    "./usr/bin/vantrelliond -> ../${libdir#usr/}/vantrelliond"
+    "./usr/lib/systemd/user/vantrelliond.service"
+    "./usr/lib/systemd/system/vantrelliond@.service"
+    "./usr/share/man/man8/vantrelliond.8.gz"
     "./usr/share/doc/vantrellion/copyright"
     "./usr/share/doc/vantrellion/changelog.gz"
 )

@@ -1,7 +1,8 @@
 // Writes the configuration that a first run accepted with all defaults leaves behind, into the
 // store of a given machine directory, so that the program can be started and measured
-// unattended: emulation mode, logging on.
-//   build/bin/bench_prepare_store DIR/     (DIR/store.db is written)
+// unattended: emulation mode, logging on. With a second argument it also writes the heavy
+// schedule of the tick benchmark (all 48 pairs set, every even/odd code) as a Run File.
+//   build/bin/bench_prepare_store DIR/ [HEAVY.run]     (DIR/store.db is written)
 #include <cstdio>
 #include <string>
 
@@ -10,13 +11,15 @@
 #include "configuration/screens/ConfigScreen.h"
 #include "configuration/screens/ConfigScreenLogic.h"
 #include "core/MachineDirectory.h"
+#include "runfile/RunFileSave.h"
 #include "support/Fakes.h"
 
 using namespace vantrellion;
 
 int main(int argc, char** argv) {
-    if (argc != 2 || std::string(argv[1]).empty() || std::string(argv[1]).back() != '/') {
-        std::fprintf(stderr, "usage: %s MACHINE-DIRECTORY/\n", argv[0]);
+    if (argc < 2 || argc > 3 || std::string(argv[1]).empty() ||
+        std::string(argv[1]).back() != '/') {
+        std::fprintf(stderr, "usage: %s MACHINE-DIRECTORY/ [HEAVY.run]\n", argv[0]);
         return 2;
     }
     const std::string dir = argv[1];
@@ -34,6 +37,20 @@ int main(int argc, char** argv) {
     ConfigForm_Load(t.s, screen);
     cmdSave_Click(t.s, screen);
     ForceFirstRunSwitches(t.s);
+    if (argc == 3) {
+        static const char* kCodes[] = {"EO", "OD", "EH", "OM", "TH", "MH", "BH", "5"};
+        for (int i = 0; i < 8; ++i) {
+            t.relay(i).DayHrEvenOdd = kCodes[i];
+            t.relay(i).DaysOfWeek = "1234567";
+            for (int p = 0; p < 6; ++p) {
+                const int h = 2 + p * 3;
+                t.SetPair(i, p, std::to_string(h) + ":10:00", std::to_string(h + 2) + ":50:30");
+            }
+        }
+        const std::string run = argv[2];
+        const size_t slash = run.rfind('/');
+        SaveRunFile(t.s, run.substr(0, slash + 1), run.substr(slash + 1));
+    }
     for (const MessageBoxRequest& m : t.messages.shown)
         std::fprintf(stderr, "%s\n", m.Prompt.c_str());
     return t.messages.shown.empty() ? 0 : 1;
