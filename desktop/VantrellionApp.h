@@ -12,6 +12,7 @@
 #include "configuration/StoreWindowPlaces.h"
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
+#include "desktop/AltLetterGuard.h"
 #include "desktop/QtPlatform.h"
 #include "desktop/RecentFilesMenu.h"
 #include "desktop/ShowConfigForms.h"
@@ -55,6 +56,8 @@ class VantrellionApp {
                               const std::string& source);
 
     System s_;
+    // An Alt+letter that opens no menu types nothing into a field, in every window.
+    AltLetterGuard altLetters_;
     QtClock qtClock_;
     QtCheckTimer timer_;
     QtEventPump pump_;
