@@ -54,6 +54,8 @@ endforeach()
 add_custom_target(package_docs ALL DEPENDS ${PKG_BIN}/vantrellion.1.gz ${PKG_BIN}/changelog.gz)
 install(FILES ${PKG_BIN}/vantrellion.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PKG_BIN}/changelog.gz ${PKG_BIN}/copyright DESTINATION ${PKG_DOCDIR})
+# The user's manual, which Help opens in the desktop's browser.
+install(FILES ${CMAKE_SOURCE_DIR}/docs/manual/index.html DESTINATION ${PKG_DOCDIR}/manual)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vantrellion)
