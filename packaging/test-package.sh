@@ -65,6 +65,7 @@ expected=(
     "./usr/share/doc/vantrellion/copyright"
     "./usr/share/doc/vantrellion/changelog.gz"
     "./usr/share/doc/vantrellion/manual/index.html"
+    "./usr/share/doc-base/vantrellion"
 )
 for size in 16 22 24 32 48 64 128 256; do
     expected+=("./usr/share/icons/hicolor/${size}x${size}/apps/vantrellion.png")
