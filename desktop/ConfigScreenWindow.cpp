@@ -490,6 +490,8 @@ void ConfigScreenWindow::CancelChanges() {
         DesktopConfigurationScreens screens(s_, chooser_);
         cmdCancel_Click(s_, f_, screens);
     });
+    // The store is loaded again: what a field still shows is no entry to take on closing.
+    entered_ = nullptr;
     close();
 }
 
