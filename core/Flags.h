@@ -21,5 +21,8 @@ inline constexpr Color DefaultBackColor = -1;
 inline constexpr Color Rgb(int r, int g, int b) {
     return r | (g << 8) | (b << 16);
 }
+// The system's window background, the colour of a text field that nothing has coloured: a
+// system colour, with the high bit set, which no colour of the configuration can be.
+inline constexpr Color WindowBackground = static_cast<Color>(0x80000005u);
 
 }  // namespace vantrellion

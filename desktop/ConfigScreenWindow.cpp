@@ -151,14 +151,14 @@ void ConfigScreenWindow::BuildMenus() {
         actions_.emplace(name, m->menuAction());
         return m;
     };
-    QMenu* file = top("mnuFile", "File");
+    QMenu* file = top("mnuFile", "&File");
     AddItem(file, "mnuFilePrintForm", "Print Window");
     AddItem(file, "mnuFilePrintScreen", "Print Screen");
     AddItem(file, "mnuFileSave", "Save Configuration");
     AddItem(file, "mnuFileCancel", "Cancel (Does not Change Configuration)");
     AddItem(file, "mnuFileExit", "Exit");
 
-    QMenu* colors = top("mnuSetColors", "Set Colors");
+    QMenu* colors = top("mnuSetColors", "&Set Colors");
     for (int i = 0; i < StatusColorCount; ++i)
         AddItem(colors, StatusColorMenuNames[i], StatusColorMenuCaptions[i]);
     for (int i = 0; i < GroupColorCount; ++i)
@@ -508,6 +508,8 @@ void ConfigScreenWindow::CancelChanges() {
         DesktopConfigurationScreens screens(s_, chooser_);
         cmdCancel_Click(s_, f_, screens);
     });
+    // The store is loaded again: what a field still shows is no entry to take on closing.
+    entered_ = nullptr;
     close();
 }
 
@@ -516,6 +518,16 @@ void ConfigScreenWindow::reject() {
 }
 
 void ConfigScreenWindow::closeEvent(QCloseEvent* event) {
+    // A close with the focus still in a field (Escape, the window's close button) leaves the
+    // field first, as a click on Exit does: what the field shows is taken, or refused, and a
+    // refused entry keeps the screen open.
+    QWidget* focus = QApplication::focusWidget();
+    if (entered_ && focus && (focus == entered_ || entered_->isAncestorOf(focus))) {
+        if (!LostFocus(entered_, fields_[entered_])) {
+            event->ignore();
+            return;
+        }
+    }
     bool stop = false;
     RunCommand(s_, [&] {
         PullTexts();

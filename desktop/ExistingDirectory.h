@@ -1,5 +1,5 @@
 // The directory trees of the log windows: the whole file system by directories, opened at a
-// directory that may have gone since.
+// directory that may have gone since, and showing it.
 #pragma once
 
 #include <QFileSystemModel>
@@ -13,7 +13,9 @@ namespace vantrellion {
 QString ExistingDirectory(const QString& path);
 
 // The tree "Dir1" over model, which it fills with every directory from the root on, hidden ones
-// too (the default log directory lies in one); names only, no other columns.
+// too (the default log directory lies in one); names only, no other columns. The tree keeps its
+// current directory in view while the model reads the directories in the background, until the
+// user moves in it (a click, a key, the wheel, the scroll bar).
 QTreeView* DirectoryTree(QWidget* parent, QFileSystemModel* model);
 
 }  // namespace vantrellion

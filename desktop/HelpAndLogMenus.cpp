@@ -3,6 +3,7 @@
 #include "core/CheckTimeControl.h"
 #include "desktop/ConfigScreenWindow.h"
 #include "desktop/EventGuard.h"
+#include "desktop/UserManual.h"
 #include "desktop/clsPrintScreenOrForm.h"
 #include "desktop/frmRelay.h"
 #include "desktop/modShowSubForms.h"
@@ -45,6 +46,7 @@ void WireHelpAndLogMenus(System& s, frmRelay& w) {
                  const CheckTimeHold hold(s);
                  ShowLogFileDeleteForm(s);
              }));
+    w.OnMenu("mnuHelpManual", command([&s] { OpenUserManual(s); }));
     w.OnMenu("mnuHelpGeneral", command([&s] { ShowHelpGeneralForm(s); }));
     w.OnMenu("mnuHelpConfiguration", command([&s] { ShowHelpConfigurationForm(s); }));
     w.OnMenu("mnuHelpTimeWin", command([&s, &w] { mnuHelpTimeWin_Click(s, w); }));

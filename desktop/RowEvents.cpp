@@ -1,6 +1,5 @@
 #include "desktop/RowEvents.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +10,7 @@
 #include "desktop/EventGuard.h"
 #include "desktop/FieldValidation.h"
 #include "desktop/QtConvert.h"
+#include "desktop/RowKeyboard.h"
 #include "desktop/frmRelay.h"
 #include "mainscreen/FieldEntry.h"
 #include "mainscreen/RowCommands.h"
@@ -139,13 +139,28 @@ class RowEventFilter : public QObject {
         r.KeyAscii = ascii;
         RunCommand(s_, [&] { r = Field_KeyPress(s_, ref.control, ref.index, ascii); });
         // Enter moves on as a Tab would, by the tab order, and so runs the validation; the
-        // Tab is queued behind the Enter, which goes on.
+        // move is queued behind the Enter, which goes on.
         if (r.SendTab)
-            QCoreApplication::postEvent(
-                field, new QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, "\t"));
+            QMetaObject::invokeMethod(
+                this, [this, from = QPointer<QLineEdit>(field)] { MoveToNextField(from); },
+                Qt::QueuedConnection);
         if (r.KeyAscii == ascii) return false;
         if (r.KeyAscii != 0) field->insert(QString(QChar(r.KeyAscii)));
         return true;
+    }
+
+    // The next schedule field by the tab order, as Tab goes, but past the row commands that
+    // Tab also reaches: Enter goes from field to field.
+    void MoveToNextField(QLineEdit* from) {
+        if (!from) return;
+        for (QWidget* next = from->nextInFocusChain(); next != from;
+             next = next->nextInFocusChain()) {
+            if (qobject_cast<QLineEdit*>(next) && controls_.count(next) && next->isEnabled() &&
+                next->isVisible() && (next->focusPolicy() & Qt::TabFocus)) {
+                next->setFocus(Qt::TabFocusReason);
+                return;
+            }
+        }
     }
 
     void MouseMove(QWidget* widget, RowControlRef ref) {
@@ -216,6 +231,7 @@ class RowEventFilter : public QObject {
 
 void WireRowEvents(frmRelay& w, System& s) {
     new RowEventFilter(w, s);
+    WireRowKeyboard(w, s);
     auto* validation = new FieldValidation(w, s);
     w.ValidateBeforeCommand = [validation] { return validation->ValidateActiveField(); };
 }

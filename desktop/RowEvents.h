@@ -11,7 +11,8 @@ class frmRelay;
 
 // Connects every row control of the window to the core, installs the validation on leaving a
 // schedule field (desktop/FieldValidation.h), and has every menu command and the close path
-// validate the field with the focus first.
+// validate the field with the focus first. The row commands are wired to the keyboard too
+// (desktop/RowKeyboard.h).
 void WireRowEvents(frmRelay& w, System& s);
 
 }  // namespace vantrellion

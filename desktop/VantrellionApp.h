@@ -14,6 +14,7 @@
 #include "configuration/StoreWindowPlaces.h"
 #include "core/InstanceLock.h"
 #include "core/SharedState.h"
+#include "desktop/AltLetterGuard.h"
 #include "desktop/QtPlatform.h"
 #include "desktop/RecentFilesMenu.h"
 #include "desktop/ShowConfigForms.h"
@@ -76,6 +77,8 @@ class VantrellionApp {
     System s_;
     // Fits every window that the program shows into the screen, from the splash on.
     WindowsOnScreen windowsOnScreen_;
+    // An Alt+letter that opens no menu types nothing into a field, in every window.
+    AltLetterGuard altLetters_;
     QtClock qtClock_;
     QtCheckTimer timer_;
     QtEventPump pump_;

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "desktop/UserManual.h"
 #include "desktop/modShowSubForms.h"
 #include "desktop/resources/clsLoadCustomResource.h"
 
@@ -16,10 +17,11 @@ frmHelpConfiguration::frmHelpConfiguration(System& s, QWidget* parent) : QDialog
     setObjectName("frmHelpConfiguration");
     setWindowTitle("Configuration Help");
     menuBar = new QMenuBar(this);
-    QMenu* file = menuBar->addMenu("File");
+    QMenu* file = menuBar->addMenu("&File");
     file->setObjectName("mnuFile");
+    file->addAction("User's &Manual")->setObjectName("mnuFileManual");
     file->addAction("Exit")->setObjectName("mnuFileExit");
-    QMenu* help = menuBar->addMenu("Help");
+    QMenu* help = menuBar->addMenu("&Help");
     help->setObjectName("mnuHelp");
     help->addAction("About")->setObjectName("mnuHelpAbout");
 
@@ -27,6 +29,9 @@ frmHelpConfiguration::frmHelpConfiguration(System& s, QWidget* parent) : QDialog
         "Please refer to the on-line documentation for help configuring Vantrellion.", this);
     Label1->setObjectName("Label1");
     Label1->setWordWrap(true);
+    // The documentation that the label points to: the manual's chapter on configuration.
+    cmdManual = new QPushButton("User's &Manual", this);
+    cmdManual->setObjectName("cmdManual");
     cmdExit = new QPushButton("Exit", this);
     cmdExit->setObjectName("cmdExit");
 
@@ -34,11 +39,14 @@ frmHelpConfiguration::frmHelpConfiguration(System& s, QWidget* parent) : QDialog
     layout->setMenuBar(menuBar);
     layout->addWidget(Label1, 1);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdManual);
     buttons->addStretch(1);
     buttons->addWidget(cmdExit);
     layout->addLayout(buttons);
-    resize(380, 160);
+    resize(420, 160);
 
+    connect(cmdManual, &QPushButton::clicked, this, [this] { OpenUserManual(s_); });
+    connect(Menu("mnuFileManual"), &QAction::triggered, this, [this] { OpenUserManual(s_); });
     connect(cmdExit, &QPushButton::clicked, this, [this] { close(); });
     connect(Menu("mnuFileExit"), &QAction::triggered, this, [this] { close(); });
     connect(Menu("mnuHelpAbout"), &QAction::triggered, this, [this] { ShowAboutForm(s_); });

@@ -1,4 +1,5 @@
-// frmHelpConfiguration: points the user to the documentation for configuring the program.
+// frmHelpConfiguration: points the user to the documentation for configuring the program, and
+// opens it: the user's manual.
 #pragma once
 
 #include <QDialog>
@@ -16,6 +17,7 @@ class frmHelpConfiguration : public QDialog {
     explicit frmHelpConfiguration(System& s, QWidget* parent = nullptr);
 
     QLabel* Label1;
+    QPushButton* cmdManual;  // opens the user's manual
     QPushButton* cmdExit;
     QMenuBar* menuBar;
 

@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/PrinterChoice.h"
+#include "desktop/UserManual.h"
 #include "desktop/frmAbout.h"
 #include "desktop/modShowSubForms.h"
 #include "desktop/resources/clsLoadCustomResource.h"
@@ -18,16 +19,19 @@ frmHelpGeneral::frmHelpGeneral(System& s, QWidget* parent) : QDialog(parent), s_
     setObjectName("frmHelpGeneral");
     setWindowTitle("Help");
     menuBar = new QMenuBar(this);
-    QMenu* file = menuBar->addMenu("File");
+    QMenu* file = menuBar->addMenu("&File");
     file->setObjectName("mnuFile");
+    file->addAction("User's &Manual")->setObjectName("mnuFileManual");
     file->addAction("Print This Help")->setObjectName("mnuFilePrintDoc");
     file->addAction("Exit")->setObjectName("mnuFileExit");
-    QMenu* help = menuBar->addMenu("Help");
+    QMenu* help = menuBar->addMenu("&Help");
     help->setObjectName("mnuHelp");
     help->addAction("About")->setObjectName("mnuHelpAbout");
 
     rtbHelp = new QTextEdit(this);
     rtbHelp->setObjectName("rtbHelp");
+    cmdManual = new QPushButton("User's &Manual", this);
+    cmdManual->setObjectName("cmdManual");
     cmdExit = new QPushButton("Exit", this);
     cmdExit->setObjectName("cmdExit");
 
@@ -35,11 +39,14 @@ frmHelpGeneral::frmHelpGeneral(System& s, QWidget* parent) : QDialog(parent), s_
     layout->setMenuBar(menuBar);
     layout->addWidget(rtbHelp, 1);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdManual);
     buttons->addStretch(1);
     buttons->addWidget(cmdExit);
     layout->addLayout(buttons);
     resize(640, 560);
 
+    connect(cmdManual, &QPushButton::clicked, this, [this] { OpenUserManual(s_); });
+    connect(Menu("mnuFileManual"), &QAction::triggered, this, [this] { OpenUserManual(s_); });
     connect(cmdExit, &QPushButton::clicked, this, [this] { close(); });
     connect(Menu("mnuFileExit"), &QAction::triggered, this, [this] { close(); });
     connect(Menu("mnuHelpAbout"), &QAction::triggered, this, [this] { ShowAboutForm(s_); });

@@ -1,4 +1,5 @@
-// frmHelpGeneral: the user's guide to the schedule screen as rich text, with "Print This Help".
+// frmHelpGeneral: the user's guide to the schedule screen as rich text, with "Print This Help",
+// and the way into the user's manual.
 #pragma once
 
 #include <QDialog>
@@ -16,6 +17,7 @@ class frmHelpGeneral : public QDialog {
     explicit frmHelpGeneral(System& s, QWidget* parent = nullptr);
 
     QTextEdit* rtbHelp;
+    QPushButton* cmdManual;  // opens the user's manual
     QPushButton* cmdExit;
     QMenuBar* menuBar;
 

@@ -1,12 +1,9 @@
 #include "desktop/frmLogFilePath.h"
 
 #include <QDir>
-#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QScrollBar>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "desktop/ExistingDirectory.h"
@@ -59,17 +56,6 @@ frmLogFilePath::frmLogFilePath(System& s, QWidget* parent) : QDialog(parent), s_
         accept();
     });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { reject(); });
-    // The model reads directories in the background: the present directory can be scrolled
-    // into view only once its parents are read, and again once the window has its size.
-    // Rows arrive after a directory is read, and are sorted later still: each of these steps
-    // may move the present directory, so each brings it back into view until it has been seen.
-    connect(model_, &QFileSystemModel::directoryLoaded, this, [this] { ScrollToCurrent(); });
-    connect(model_, &QAbstractItemModel::rowsInserted, this, [this] { ScrollToCurrent(); });
-    connect(model_, &QAbstractItemModel::layoutChanged, this, [this] { ScrollToCurrent(); });
-    Dir1->installEventFilter(this);
-    Dir1->viewport()->installEventFilter(this);
-    Dir1->verticalScrollBar()->installEventFilter(this);
-
     SetDir1Path(Q(LogFilePathStartDirectory(s_)));
     Dir1_Change();
 }
@@ -80,34 +66,6 @@ void frmLogFilePath::SetDir1Path(const QString& path) {
     Dir1->setCurrentIndex(index);
     Dir1->expand(index);
     Dir1->scrollTo(index);
-}
-
-void frmLogFilePath::ScrollToCurrent() {
-    if (userMoved_ || !Dir1->currentIndex().isValid()) return;
-    // Scrolling waits for the view's own pending layout, so it runs once the events in hand
-    // are done.
-    QTimer::singleShot(0, this, [this] {
-        if (!userMoved_ && Dir1->currentIndex().isValid())
-            Dir1->scrollTo(Dir1->currentIndex(), QAbstractItemView::PositionAtCenter);
-    });
-}
-
-bool frmLogFilePath::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-        case QEvent::MouseButtonPress:
-        case QEvent::KeyPress:
-        case QEvent::Wheel:
-            userMoved_ = true;
-            break;
-        default:
-            break;
-    }
-    return QDialog::eventFilter(watched, event);
-}
-
-void frmLogFilePath::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    ScrollToCurrent();
 }
 
 QString frmLogFilePath::Dir1Path() const {

@@ -31,19 +31,11 @@ class frmLogFilePath : public QDialog {
     void SetDir1Path(const QString& path);
     QString Dir1Path() const;
 
-  protected:
-    void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     void Dir1_Change();
-    void ScrollToCurrent();
 
     System& s_;
     QFileSystemModel* model_;
-    // The user has touched the tree (a click, a key, the wheel, the scroll bar): from then on
-    // the loads of the directories no longer move the view.
-    bool userMoved_ = false;
 };
 
 }  // namespace vantrellion

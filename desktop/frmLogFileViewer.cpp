@@ -23,6 +23,26 @@ constexpr int kCloseAfterCancelMs = 500;
 constexpr int kMarginTwips = 150;
 constexpr qsizetype kLoadPiece = 64 * 1024;  // characters
 
+// What the viewer shows and how it is worked, and how to read a log.
+constexpr const char* kViewerHelp =
+    "The Log File Viewer shows one log file, read-only. It opens on today's log; lines that "
+    "the program writes while the viewer is open show when the file is opened again.\r\n"
+    "\r\n"
+    "File, Open: another log. There is one log a day, Vantrellion_YYYY_MM_DD.Log, in the log "
+    "directory of the configuration.\r\n"
+    "File, Print Window / Print Screen: a picture of this window, or of the screen.\r\n"
+    "File, Print Log: the selected lines, or the whole log when nothing is selected.\r\n"
+    "Edit, Font: the font of the selected text.\r\n"
+    "EXIT, or File, Exit: closes the viewer. The schedule runs on meanwhile.\r\n"
+    "\r\n"
+    "A state line, once a minute: the time, the relays that are on (1 to 8, \"-\" for off), "
+    "then the inputs that are on:\r\n"
+    "    14:07:00 <1 - 3 - - - - 8>R><I<- 2 - - - - - ->I\r\n"
+    "An event line: the time, the date, and \"Open\" or \"Save\" with the Run File, or "
+    "\"ReStart\" after a crash.\r\n"
+    "\r\n"
+    "More in the user's manual: Help, User's Manual in the main window.";
+
 bool QtFontDialog(QFont& font, QWidget* parent) {
     bool ok = false;
     const QFont chosen = QFontDialog::getFont(&ok, font, parent, "Select Font");
@@ -73,7 +93,9 @@ void frmLogFileViewer::BuildMenus() {
     QMenu* edit = top("mnuEdit", "Edit");
     item(edit, "mnuEditFont", "Font", [this] { mnuEditFont_Click(); });
     QMenu* help = top("mnuHelp", "Help");
-    item(help, "mnuHelpHelp", "Help (Viewer)", [this] { s_.Message({"To Do"}); });
+    item(help, "mnuHelpHelp", "Help (Viewer)", [this] {
+        s_.Message({kViewerHelp, Buttons::OK, Icon::Information, 1, "Help (Viewer)"});
+    });
     item(help, "mnuHelpAbout", "About", [this] { ShowAboutForm(s_); });
     // Two blank spacers stand before the bar's own EXIT entry.
     for (const char* name : {"mnuBlank1", "mnuBlank2"}) {

@@ -1,5 +1,6 @@
 #include "desktop/frmRelay.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QImageReader>
 #include <QKeySequence>
@@ -79,8 +80,10 @@ void SetRoleColor(QWidget* w, QPalette::ColorRole role, Color c, int64_t& last) 
         return;
     }
     QPalette pal = w->palette();
-    pal.setColor(role, ToQColor(c));
-    SetDisabledTextFor(pal, ToQColor(c));
+    // The system's window background is the colour the style gives the control.
+    const QColor color = c == WindowBackground ? QApplication::palette(w).color(role) : ToQColor(c);
+    pal.setColor(role, color);
+    SetDisabledTextFor(pal, color);
     w->setPalette(pal);
     w->setAutoFillBackground(true);
 }
@@ -307,7 +310,7 @@ void frmRelay::BuildMenus() {
     tool->addSeparator();
     AddItem(tool, "mnuToolRunNoBoards", "Emulation Mode (Run With No Boards) ")->setCheckable(true);
     tool->addSeparator();
-    QMenu* boot = tool->addMenu("Run when Computer Boots (Starts)");
+    QMenu* boot = tool->addMenu("Run when Computer &Boots (Starts)");
     boot->setObjectName("mnuToolRunOnBoot");
     boot->menuAction()->setObjectName("mnuToolRunOnBoot");
     menus_.emplace("mnuToolRunOnBoot", boot);
@@ -323,7 +326,7 @@ void frmRelay::BuildMenus() {
     // The developer menu is built only in a development build, hidden until the menus are
     // refreshed; a delivered program has none at all.
     if (RunningInIDE() != 0) {
-        QMenu* dev = top("mnuDev", "Dev");
+        QMenu* dev = top("mnuDev", "&Dev");
         AddItem(dev, "mnuDevPrintResourceFile", "Print Resource File");
         AddItem(dev, "mnuDevTestRoutine", "Test Routine");
         AddItem(dev, "mnuDevStepCautionMessageBox", "Step Caution Message Box ( 1)");
@@ -336,10 +339,10 @@ void frmRelay::BuildMenus() {
         dev->menuAction()->setVisible(false);
     }
 
-    QMenu* state = top("mnuState", "States/Inputs");
+    QMenu* state = top("mnuState", "&States/Inputs");
     for (int n = 0; n < 4; ++n) {
         const QString b = QString("B%1").arg(n + 1);
-        QMenu* board = state->addMenu(QString("Manual Set Board %1").arg(n + 1));
+        QMenu* board = state->addMenu(QString("Manual Set Board &%1").arg(n + 1));
         board->setObjectName("mnuStateManualBoard");
         board->menuAction()->setObjectName("mnuStateManualBoard");
         board->menuAction()->setData(n);
@@ -368,6 +371,7 @@ void frmRelay::BuildMenus() {
         AddItem(state, "mnuStateDisplayInput", QString("Board %1 Inputs (Not Set)").arg(n + 1), n);
 
     QMenu* help = top("mnuHelp", "&Help");
+    AddItem(help, "mnuHelpManual", "User's &Manual");
     AddItem(help, "mnuHelpGeneral", "Help (General)");
     AddItem(help, "mnuHelpConfiguration", "Help (Configuration)");
     AddItem(help, "mnuHelpTimeWin", "Time Window");

@@ -60,6 +60,9 @@ void LoadRelayIcons(System& s) {
 void EnableStoppedRowControls(System& s, int i, bool enabled) {
     MainScreenView& v = s.screen();
     v.SetEnabled(Control::txtDayHrEvenOdd, i, enabled);
+    // A stop greys the code field's background, and nothing else would give its own back: a
+    // row that runs again shows it as any field, until its code lights it again.
+    if (enabled) v.SetBackColor(Control::txtDayHrEvenOdd, i, WindowBackground);
     v.SetEnabled(Control::lblManual, i, enabled);
     v.SetEnabled(Control::lblInvert, i, enabled);
     v.SetEnabled(Control::lblCounter, i, enabled);

@@ -14,7 +14,8 @@ void LoadStopPictures(System& s);
 void LoadRelayIcons(System& s);
 // The records and time arrays to the fields; RowsShown is false meanwhile.
 void FillRowsFromRecords(System& s);
-// Enables or disables the four controls that a Hard Stop holds.
+// Enables or disables the four controls that a Hard Stop holds; enabled again, the code field
+// has its own background back (WindowBackground).
 void EnableStoppedRowControls(System& s, int i, bool enabled);
 
 }  // namespace vantrellion

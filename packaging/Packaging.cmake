@@ -67,6 +67,10 @@ add_custom_target(package_docs ALL DEPENDS ${PKG_BIN}/vantrellion.1.gz ${PKG_BIN
 install(FILES ${PKG_BIN}/vantrellion.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PKG_BIN}/vantrelliond.8.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
 install(FILES ${PKG_BIN}/changelog.gz ${PKG_BIN}/copyright DESTINATION ${PKG_DOCDIR})
+# The user's manual, which Help opens in the desktop's browser, registered with doc-base.
+install(FILES ${CMAKE_SOURCE_DIR}/docs/manual/index.html DESTINATION ${PKG_DOCDIR}/manual)
+install(FILES ${PKG_SRC}/vantrellion.doc-base DESTINATION ${CMAKE_INSTALL_DATADIR}/doc-base
+        RENAME vantrellion)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vantrellion)

@@ -2,7 +2,8 @@
 # Makes the Debian package from an existing build folder and checks it:
 #   - the shipped desktop entry and AppStream metainfo pass their validators;
 #   - lintian finds no error (the warnings kept are listed in the README);
-#   - the package holds what it should, with its dependencies computed by dpkg-shlibdeps;
+#   - the package holds what it should (the user's manual among it, where the program looks for
+#     it), with its dependencies computed by dpkg-shlibdeps;
 #   - the package unpacked into a temporary root starts, under the offscreen platform with a
 #     temporary home, and comes up to its first-run question.
 #   packaging/test-package.sh [build folder, default build]
@@ -68,6 +69,8 @@ expected=(
     "./usr/share/man/man8/vantrelliond.8.gz"
     "./usr/share/doc/vantrellion/copyright"
     "./usr/share/doc/vantrellion/changelog.gz"
+    "./usr/share/doc/vantrellion/manual/index.html"
+    "./usr/share/doc-base/vantrellion"
 )
 for size in 16 22 24 32 48 64 128 256; do
     expected+=("./usr/share/icons/hicolor/${size}x${size}/apps/vantrellion.png")
@@ -87,6 +90,11 @@ for lib in libc6 libqt6widgets6 libqt6printsupport6 libqt6svg6 libsqlite3-0 libs
     [[ $depends == *"$lib"* ]] || fail "Depends lacks $lib"
 done
 file "$root/$libdir/vantrellion" | grep -q "stripped" || fail "the program is not stripped"
+# The manual that Help opens: found where the program looks for it, from its real file, and
+# whole, to its last chapter.
+manual="$root/$libdir/../../../share/doc/vantrellion/manual/index.html"
+grep -q '<h2 id="where">' "$manual" 2>/dev/null && grep -q '</html>' "$manual" ||
+    fail "the user's manual is not where the program looks for it, or not whole"
 [ $failures -eq 0 ] && pass "package contents"
 
 # Unpacked and started: with a new home there is no configuration, so the program stops at the

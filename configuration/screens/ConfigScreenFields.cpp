@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 
-#include "core/NumericText.h"
 #include "configuration/StringTable.h"
 #include "configuration/clsConfiguration.h"
 #include "configuration/screens/ConfigScreenLogic.h"
+#include "core/NumericText.h"
 
 namespace vantrellion {
 
@@ -22,6 +23,10 @@ MessageBoxRequest OutOfRangeMessage(AddressBox box) {
                            : "Enter Address between Hex 280-3FF (Dec 640-1024)";
     return {std::string(text) + "\r\n", Buttons::OK, Icon::None, 1,
             "Address Entry is Out of Range!"};
+}
+
+MessageBoxRequest LogPathMessage(const std::string& prompt, Icon icon) {
+    return {prompt, Buttons::OK, icon, 1, "Log File Location"};
 }
 
 MessageBoxRequest NotHexadecimalMessage(const std::string& text) {
@@ -108,16 +113,43 @@ void txtRelayName_LostFocus(System& s, ConfigScreen& f, int index) {
 
 void txtLogFilePath_LostFocus(System& s, ConfigScreen& f) {
     std::string& text = f.txtLogFilePath;
-    const std::string& shared = s.modRelay.LogFilePath;
-    if (!text.empty()) {
-        if (text.back() != '/') text += '/';
-        if (text != shared) {
-            text = shared;
-            FormMarkChanged(f);
-        }
-    } else {
-        text = shared.empty() ? DefaultLogFilePath(s) : shared;
+    std::string& shared = s.modRelay.LogFilePath;
+    // The directory the field showed before: the shared one, or the default on a first run.
+    const std::string before = shared.empty() ? DefaultLogFilePath(s) : shared;
+    if (text.empty() || text == before) {
+        text = before;
+        return;
     }
+    const std::string typed = text;
+    if (text.back() != '/') text += '/';
+    if (text == before) return;
+    const auto refuse = [&](const std::string& why) {
+        s.Message(LogPathMessage(why, Icon::Exclamation));
+        text = before;
+    };
+    if (text.front() != '/')
+        return refuse("\"" + typed +
+                      "\" is not a full path.\r\nEnter the directory from the root, beginning "
+                      "with \"/\".");
+    // The name without its closing "/": a file by that name is no directory to be made.
+    const std::filesystem::path dir = text.size() > 1 ? text.substr(0, text.size() - 1) : text;
+    std::error_code ec;
+    if (!std::filesystem::exists(dir, ec)) {
+        MessageBoxRequest ask = LogPathMessage(
+            "The directory\r\n" + text + "\r\ndoes not exist.\r\n\r\nMake it now?", Icon::Question);
+        ask.ButtonSet = Buttons::YesNo;
+        if (s.Message(ask) != Answer::Yes) {
+            text = before;
+            return;
+        }
+        std::filesystem::create_directories(dir, ec);
+        if (ec)
+            return refuse("The directory\r\n" + text + "\r\ncould not be made: " + ec.message());
+    }
+    if (!std::filesystem::is_directory(dir, ec)) return refuse(text + "\r\nis not a directory.");
+    // Taken: in effect for the log writer at once, as a directory from the chooser is.
+    shared = text;
+    FormMarkChanged(f);
 }
 
 void cmdLogFilePathBrowse_Click(System& s, ConfigScreen& f,

@@ -9,8 +9,8 @@
 #include <optional>
 #include <string>
 
-#include "core/NumericText.h"
 #include "configuration/screens/ConfigScreen.h"
+#include "core/NumericText.h"
 
 namespace vantrellion {
 
@@ -35,7 +35,12 @@ void cmbChipSetType_LostFocus(System& s, ConfigScreen& f, int board);
 bool AddressBox_LostFocus(System& s, ConfigScreen& f, AddressBox box, int board,
                           const std::function<void()>& keepFocus);
 void txtRelayName_LostFocus(System& s, ConfigScreen& f, int index);
-// Typed text is thrown away: the directory changes only through the chooser.
+// Leaving the log path field: the field keeps what it shows, and that is what Save stores. A
+// typed directory that exists is taken at once, with its closing "/", as the chooser takes
+// one. One that does not exist is offered to be made: Yes makes it and takes it, No keeps the
+// directory shown before. A text that cannot be a directory (not a full path, a file, one that
+// cannot be made) is told, and the directory shown before comes back. An emptied field shows
+// that directory again.
 void txtLogFilePath_LostFocus(System& s, ConfigScreen& f);
 // Runs the directory chooser, which may write LogFilePath; the field takes it, and the screen
 // is marked changed in any case.

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <deque>
+#include <filesystem>
 #include <stdexcept>
 
 #include "configuration/clsConfiguration.h"
@@ -57,26 +59,52 @@ TEST_F(ConfigScreenTest, HexadecimalTextsAndTheirCanonicalForm) {
     EXPECT_EQ(NumericBoxChanged("  "), "  ");
 }
 
-TEST_F(ConfigScreenTest, ALeftLogPathKeepsTheSharedOneOrTakesTheDefault) {
+TEST_F(ConfigScreenTest, TheLogPathFieldKeepsWhatItShowsAndTakesOrMakesATypedDirectory) {
+    const std::string logs = temp.dir().Path() + "logs/";
+    std::filesystem::create_directory(logs);
+    temp.dir().Write("file", "");
     struct Case {
-        const char *shared, *typed, *shown;  // shown nullptr: the default directory
+        const char* typed;  // relative to the scratch directory when not starting with "/"
+        std::deque<Answer> answers;
+        std::string shown;  // also the shared path afterwards
         bool marks;
+        size_t boxes;
     };
+    const std::string made = temp.dir().Path() + "new/deeper/";
     const Case cases[] = {
-        {"/var/log/", "/tmp/other", "/var/log/", true},
-        {"/var/log/", "/var/log", "/var/log/", false},
-        {"/var/log/", "", "/var/log/", false},
-        {"", "", nullptr, false},
+        {"logs", {}, logs, true, 0},  // exists: taken, with its "/"
+        {"", {}, logs, false, 0},     // emptied: the directory shown before
+        {"new/deeper", {Answer::No}, logs, false, 1},
+        {"new/deeper", {Answer::Yes}, made, true, 1},
+        {"file", {}, made, false, 1},  // a file is no directory
+        {"/", {}, "/", true, 0},
     };
+    m.LogFilePath = "";
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.typed);
         ConfigScreen g = NewConfigScreen(ConfigScreenKind::ConfigBoards);
-        m.LogFilePath = c.shared;
-        g.txtLogFilePath = c.typed;
+        g.txtLogFilePath = *c.typed && c.typed[0] != '/' ? temp.dir().Path() + c.typed : c.typed;
+        t.messages.shown.clear();
+        t.messages.answers = c.answers;
         txtLogFilePath_LostFocus(s, g);
-        EXPECT_EQ(g.txtLogFilePath, c.shown ? c.shown : DefaultLogFilePath(s)) << c.typed;
-        EXPECT_EQ(g.SaveEnabled, c.marks) << c.typed;
-        EXPECT_EQ(m.LogFilePath, c.shared);
+        EXPECT_EQ(g.txtLogFilePath, c.shown);
+        EXPECT_EQ(m.LogFilePath, c.shown);
+        EXPECT_EQ(g.SaveEnabled, c.marks);
+        EXPECT_EQ(t.messages.shown.size(), c.boxes);
     }
+    EXPECT_TRUE(std::filesystem::is_directory(made));
+
+    // Not a full path: told, and the directory shown before comes back. On a first run that
+    // is the default directory.
+    m.LogFilePath = "";
+    ConfigScreen g = NewConfigScreen(ConfigScreenKind::ConfigBoards);
+    g.txtLogFilePath = "logs";
+    t.messages.shown.clear();
+    txtLogFilePath_LostFocus(s, g);
+    EXPECT_EQ(g.txtLogFilePath, DefaultLogFilePath(s));
+    EXPECT_EQ(m.LogFilePath, "");
+    ASSERT_EQ(t.messages.shown.size(), 1u);
+    EXPECT_EQ(t.messages.shown[0].Title, "Log File Location");
 }
 
 // (The widget tests load a configuration with the warning off, where Save starts disabled.)

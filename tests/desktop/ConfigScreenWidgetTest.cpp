@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTest>
+#include <filesystem>
 #include <memory>
 
 #include "configuration/clsConfiguration.h"
+#include "desktop/AltLetterGuard.h"
 #include "desktop/ConfigScreenWindow.h"
 #include "desktop/QtConvert.h"
 #include "support/Fakes.h"
@@ -121,6 +123,38 @@ TEST_F(ConfigScreenWidgetTest, ARelayNameTakesNoMoreThanARowShowsAndALongerStore
     QTest::keyClick(field, Qt::Key_Tab);
     EXPECT_EQ(field->text(), name.left(9));
     EXPECT_EQ(t.mod().Board[0].RelayName[1], S(name.left(9)));
+}
+
+TEST_F(ConfigScreenWidgetTest, MenusOpenByTheirLettersAndEscapeClosesAsExitDoes) {
+    const AltLetterGuard guard;
+    Open();
+    for (auto [key, menu] :
+         {std::pair{Qt::Key_F, "mnuFile"}, std::pair{Qt::Key_S, "mnuSetColors"}}) {
+        QTest::keyClick(P().txtRelayName[0], key, Qt::AltModifier);
+        QCoreApplication::processEvents();  // the menu bar opens its menu queued
+        QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_NE(popup, nullptr) << menu;
+        EXPECT_EQ(popup->objectName(), menu);
+        popup->close();
+    }
+
+    // Escape in the log path field: the typed directory is made and taken first, then comes
+    // Exit's "Save File?"; Cancel keeps the screen, No closes it and reloads the store.
+    const std::string made = temp.dir().Path() + "made/logs";
+    Focus(P().txtLogFilePath);
+    P().txtLogFilePath->selectAll();
+    QTest::keyClicks(P().txtLogFilePath, made.c_str());
+    t.messages.answers = {Answer::Yes, Answer::Cancel};
+    QTest::keyClick(P().txtLogFilePath, Qt::Key_Escape);
+    ASSERT_EQ(t.messages.shown.size(), 2u);
+    EXPECT_EQ(t.messages.shown[1].Prompt, "Save File?");
+    EXPECT_TRUE(w->isVisible());
+    EXPECT_TRUE(std::filesystem::is_directory(made));
+    EXPECT_EQ(P().txtLogFilePath->text().toStdString(), made + "/");
+    t.messages.answers = {Answer::No};
+    QTest::keyClick(P().txtLogFilePath, Qt::Key_Escape);
+    EXPECT_FALSE(w->isVisible());
+    EXPECT_EQ(t.mod().LogFilePath, temp.dir().Path());
 }
 
 }  // namespace

@@ -46,10 +46,14 @@ TEST_F(RowCommandsWidgetTest, StopThenReleaseKeepsManual) {
     expectRestartFile(True);
 
     w->lblTotalTime[2]->setText("> STOP <");
-    Click(w->lblTotalTime[2]);  // the stop text releases the stop
+    w->SetDayHrEvenOddBackground(2, t.mod().ColorManualOFF);  // as the tick greys a stopped row
+    Click(w->lblTotalTime[2]);                                // the stop text releases the stop
     EXPECT_EQ(t.relay(2).HardStop, False);
     EXPECT_EQ(t.relay(2).Manual, True);
     ExpectHeld(2, false);
+    // The code field is a plain field again, not grey.
+    EXPECT_EQ(w->txtDayHrEvenOdd[2]->palette().color(QPalette::Base),
+              QApplication::palette(w->txtDayHrEvenOdd[2]).color(QPalette::Base));
     EXPECT_EQ(w->lblTotalTime[2]->text(), "00:00:00");
     EXPECT_EQ(t.frm().FileChanged, False);
     expectRestartFile(False);
