@@ -3,6 +3,7 @@
 //   build/bin/bench_tick
 #include <benchmark/benchmark.h>
 
+#include "HeavySchedule.h"
 #include "boardio/PortAccess.h"
 #include "engine/Tick.h"
 #include "support/Fakes.h"
@@ -10,22 +11,9 @@
 namespace vantrellion::test {
 namespace {
 
-void FillSchedule(TestSystem& t) {
-    static const char* kCodes[] = {"EO", "OD", "EH", "OM", "TH", "MH", "BH", "5"};
-    for (int i = 0; i < 8; ++i) {
-        t.relay(i).DayHrEvenOdd = kCodes[i];
-        t.relay(i).DaysOfWeek = "1234567";
-        for (int p = 0; p < 6; ++p) {
-            const int h = 2 + p * 3;
-            t.SetPair(i, p, std::to_string(h) + ":10:00", std::to_string(h + 2) + ":50:30");
-        }
-    }
-    t.frm().CheckTimeAllowed = True;
-}
-
 void BM_Tick(benchmark::State& state) {
     TestSystem t;
-    FillSchedule(t);
+    FillHeavySchedule(t);
     t.clock.SetTime(9, 30, 0);
     for (auto _ : state) {
         t.clock.Advance(1);

@@ -7,6 +7,7 @@
 #include "boardio/PortAccess.h"
 #include "core/DateTimeText.h"
 #include "core/FatalError.h"
+#include "core/NullRowDisplay.h"
 #include "core/RelayColumns.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RelayStates.h"
@@ -56,26 +57,6 @@ class SimulatedClock : public Clock {
     LocalSeconds dayStart_ = 0;
     bool valid_ = false;
     int64_t tick_ = 0;
-};
-
-// The row display of a preview: nothing to show.
-class NullDisplay : public RowDisplay {
-  public:
-    void SetOnOffLight(int, Color) override {}
-    void SetTimePairBackground(int, Color) override {}
-    void SetDayHrEvenOddBackground(int, Color) override {}
-    void SetManualBackground(int, Color) override {}
-    void SetInvertBackground(int, Color) override {}
-    void SetInvertCaption(int, const std::string&) override {}
-    void SetTotalTimeBackground(int, Color) override {}
-    void SetTotalTimeCaption(int, const std::string&) override {}
-    void SetCounterBackground(int, Color) override {}
-    void SetCounterCaption(int, const std::string&) override {}
-    void SetStateDisplayCaption(int, const std::string&) override {}
-    void SetInputDisplayCaption(int, const std::string&) override {}
-    bool IsMinimized() const override { return true; }
-    void SetStatusTime(const std::string&) override {}
-    void SetTimeWindowCaption(const std::string&) override {}
 };
 
 // The preview runs in emulation mode, so no port is ever reached; should one be, it reads 0
@@ -214,7 +195,7 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
         result.DayStarts.push_back(std::max(d, request.From));
 
     SimulatedClock clock;
-    NullDisplay display;
+    NullRowDisplay display;
     NoPorts ports;
     IdleTimer timer;
     NoEvents events;

@@ -8,11 +8,11 @@
 #include <utility>
 
 #include "core/MainScreenView.h"
-#include "core/Platform.h"
+#include "core/NullRowDisplay.h"
 
 namespace vantrellion {
 
-class ServiceScreen : public MainScreenView, public RowDisplay {
+class ServiceScreen : public MainScreenView, public NullRowDisplay {
   public:
     // MainScreenView
     void SetTitle(const std::string& text) override { title_ = text; }
@@ -27,17 +27,7 @@ class ServiceScreen : public MainScreenView, public RowDisplay {
     void LoadResourcePicture(Control, int, int) override {}
     void SetStatusFont(int, bool) override {}
 
-    // RowDisplay
-    void SetOnOffLight(int, Color) override {}
-    void SetTimePairBackground(int, Color) override {}
-    void SetDayHrEvenOddBackground(int, Color) override {}
-    void SetManualBackground(int, Color) override {}
-    void SetInvertBackground(int, Color) override {}
-    void SetInvertCaption(int, const std::string&) override {}
-    void SetTotalTimeBackground(int, Color) override {}
-    void SetTotalTimeCaption(int, const std::string&) override {}
-    void SetCounterBackground(int, Color) override {}
-    void SetCounterCaption(int, const std::string&) override {}
+    // RowDisplay: only the state texts are kept
     void SetStateDisplayCaption(int b, const std::string& text) override {
         SetText(Control::mnuStateDisplayState, b, text);
     }
@@ -45,8 +35,6 @@ class ServiceScreen : public MainScreenView, public RowDisplay {
         SetText(Control::mnuStateDisplayInput, b, text);
     }
     bool IsMinimized() const override { return false; }
-    void SetStatusTime(const std::string&) override {}
-    void SetTimeWindowCaption(const std::string&) override {}
 
     const std::string& Title() const { return title_; }
 

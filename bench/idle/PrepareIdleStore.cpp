@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "../HeavySchedule.h"
 #include "configuration/CheckConfigurationAtStart.h"
 #include "configuration/KeyValueStore.h"
 #include "configuration/screens/ConfigScreen.h"
@@ -38,15 +39,7 @@ int main(int argc, char** argv) {
     cmdSave_Click(t.s, screen);
     ForceFirstRunSwitches(t.s);
     if (argc == 3) {
-        static const char* kCodes[] = {"EO", "OD", "EH", "OM", "TH", "MH", "BH", "5"};
-        for (int i = 0; i < 8; ++i) {
-            t.relay(i).DayHrEvenOdd = kCodes[i];
-            t.relay(i).DaysOfWeek = "1234567";
-            for (int p = 0; p < 6; ++p) {
-                const int h = 2 + p * 3;
-                t.SetPair(i, p, std::to_string(h) + ":10:00", std::to_string(h + 2) + ":50:30");
-            }
-        }
+        FillHeavySchedule(t);
         const std::string run = argv[2];
         const size_t slash = run.rfind('/');
         SaveRunFile(t.s, run.substr(0, slash + 1), run.substr(slash + 1));
