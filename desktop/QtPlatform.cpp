@@ -24,33 +24,6 @@ namespace vantrellion {
 // QT_LOGGING_RULES="qt.vantrellion.messagebox=true").
 Q_LOGGING_CATEGORY(lcMessageBox, "qt.vantrellion.messagebox", QtWarningMsg)
 
-QtClock::QtClock() {
-    tzset();
-}
-
-DateTime QtClock::Now() {
-    timespec ts{};
-    clock_gettime(CLOCK_REALTIME, &ts);
-    if (ts.tv_sec == second_) return now_;
-    second_ = ts.tv_sec;
-    const time_t seconds = ts.tv_sec;
-    tm local{};
-    localtime_r(&seconds, &local);  // uses the zone as loaded; no look at the zone file
-    if (local.tm_hour != zoneHour_) {
-        tzset();
-        localtime_r(&seconds, &local);
-        zoneHour_ = local.tm_hour;
-    }
-    // tm counts Sunday = 0; the system counts Sunday = 1 to Saturday = 7.
-    now_ = DateTime{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,    local.tm_hour,
-                    local.tm_min,         local.tm_sec,     local.tm_wday + 1};
-    return now_;
-}
-
-int64_t QtClock::MonotonicMs() {
-    return BootTimeMs();
-}
-
 QtCheckTimer::QtCheckTimer() {
     timer_.setObjectName("tmrCheckTime");
     timer_.setInterval(900);

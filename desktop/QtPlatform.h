@@ -7,25 +7,9 @@
 #include <QWidget>
 
 #include "core/Platform.h"
+#include "core/SystemClock.h"
 
 namespace vantrellion {
-
-// The system's clock in local time. The time zone is loaded at the start and again at each
-// new hour (so a change of the machine's zone shows within the hour), and the local date and
-// time are worked out once per second: the several reads of one tick cost no system call and
-// all see the same second.
-class QtClock : public Clock {
-  public:
-    QtClock();
-    DateTime Now() override;
-    // Milliseconds since boot, 32 bits read as signed: wraps negative after 2^31 ms.
-    int64_t MonotonicMs() override;
-
-  private:
-    int64_t second_ = -1;  // the second since the epoch that now_ stands for
-    int zoneHour_ = -1;    // the local hour at which the time zone was last loaded
-    DateTime now_;
-};
 
 // tmrCheckTime: a 900 ms single-thread timer. Enabling it restarts the count, so the interval
 // is the gap between the end of one tick and the start of the next.

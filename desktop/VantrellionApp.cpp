@@ -47,7 +47,7 @@ VantrellionApp::VantrellionApp(Options o) {
     p.machineDirectory = o.machineDirectory;
     p.documentsDirectory = o.documentsDirectory.empty() ? o.machineDirectory : o.documentsDirectory;
     qtDialogs_.startDirectory = p.documentsDirectory;
-    p.clock = o.clock ? o.clock : &qtClock_;
+    p.clock = o.clock ? o.clock : &systemClock_;
     p.timer = &timer_;
     p.pump = &pump_;
     timeLimited_ = std::make_unique<TimeLimitedBoxes>(s_, o.messages ? *o.messages : qtMessages_);

@@ -79,7 +79,7 @@ class VantrellionApp {
     WindowsOnScreen windowsOnScreen_;
     // An Alt+letter that opens no menu types nothing into a field, in every window.
     AltLetterGuard altLetters_;
-    QtClock qtClock_;
+    SystemClock systemClock_;
     QtCheckTimer timer_;
     QtEventPump pump_;
     QtMessageBoxes qtMessages_;

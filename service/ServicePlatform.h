@@ -2,24 +2,10 @@
 // service's own loop asks the flag before each tick.
 #pragma once
 
-#include <ctime>
-
 #include "core/Platform.h"
+#include "core/SystemClock.h"
 
 namespace vantrellion {
-
-// Local time from the system clock; monotonic milliseconds since boot, suspend included.
-class SystemClock : public Clock {
-  public:
-    SystemClock();
-    DateTime Now() override;
-    int64_t MonotonicMs() override { return BootTimeMs(); }
-
-  private:
-    time_t second_ = -1;
-    int zoneHour_ = -1;
-    DateTime now_;
-};
 
 // tmrCheckTime as a flag: the core turns it on and off, the loop ticks only while it is on.
 class FlagTimer : public CheckTimer {

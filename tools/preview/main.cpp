@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
 
     std::vector<std::string> args(argv + 1, argv + argc);
-    QtClock clock;
+    SystemClock clock;
     PreviewEnvironment env;
     env.MachineDirectory = DefaultMachineDirectory();
     env.Now = ToLocalSeconds(clock.Now());
