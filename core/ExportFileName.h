@@ -1,6 +1,7 @@
 // The names of the files that the schedule preview and the run-time history export (pictures
-// and CSV), from their windows and from their command lines alike: a name typed without an
-// extension gets the type's, and the windows' save dialogs start in the documents folder.
+// and CSV), from their windows and from their command lines alike, and of a Run File saved
+// under a new name: a name typed without an extension gets the type's, and the export
+// windows' save dialogs start in the documents folder.
 #pragma once
 
 #include <optional>

@@ -4,6 +4,7 @@
 
 #include "boardio/BoardSetup.h"
 #include "core/CheckTimeControl.h"
+#include "core/ExportFileName.h"
 #include "core/RecentFiles.h"
 #include "core/ResetRelayRecords.h"
 #include "logging/EventLog.h"
@@ -175,12 +176,10 @@ void ShowFileSaveDialog(System& s) {
     dialog.Title = "Save Time-Schedule as";
     dialog.Filter = "Run File (*.run)|*.run|Text File (*.txt)|*.txt";
     dialog.Flags = 2;
-    if (std::optional<std::string> chosen = s.platform.dialogs->ShowSave(dialog)) {
+    if (std::optional<std::string> typed = s.platform.dialogs->ShowSave(dialog)) {
         // A name typed without an extension becomes a Run File, so that Open lists it.
-        const size_t slash = chosen->rfind('/');
-        if (chosen->find('.', slash == std::string::npos ? 0 : slash + 1) == std::string::npos)
-            *chosen += ".run";
-        SplitChosenFileName(s, *chosen);
+        const std::string chosen = WithExtension(*typed, ".run");
+        SplitChosenFileName(s, chosen);
         StoreDataFileLocation(s);
         const bool saved = SaveRunFile(s, m.DataFilePath, m.DataFileName);
         WriteEventLog(s, "Save", EventFileText(s));
@@ -201,17 +200,11 @@ void ReopenLastRunFile(System& s) {
                    Buttons::OK, Icon::Exclamation});
         return;
     }
-    // The loader's own boxes are held back: a file that raises any of them did not load
-    // cleanly, and the user gets the one message below instead of the loader's wording.
-    const bool deferring = s.deferBoxes;
-    const size_t boxesBefore = s.deferredBoxes.size();
-    s.deferBoxes = true;
+    // The loader's wording would be a second message: a file that raises any box did not load
+    // cleanly, and the user gets the one message below.
     SplitChosenFileName(s, last);
     ResetRelayRecords(s);
-    const int result = LoadRunFile(s, m.DataFilePath, m.DataFileName, true);
-    const bool clean = result == RunFileLoaded && s.deferredBoxes.size() == boxesBefore;
-    s.deferredBoxes.resize(boxesBefore);
-    s.deferBoxes = deferring;
+    const bool clean = LoadRunFileCleanly(s, m.DataFilePath, m.DataFileName);
     if (!clean) {
         m.DataFileName = "";
         ResetRelayRecords(s);

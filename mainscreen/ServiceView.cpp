@@ -17,10 +17,14 @@ namespace vantrellion {
 
 namespace {
 
+// A stamp of a file that changes with its modification time, its size and, for a file
+// replaced by a rename, its inode: a line appended within the file system's time granularity
+// still changes it. -1 when the file is missing.
 int64_t ModificationStamp(const std::string& path) {
     struct stat st {};
     if (::stat(path.c_str(), &st) != 0) return -1;
-    return static_cast<int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
+    const int64_t ns = static_cast<int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
+    return ns ^ (static_cast<int64_t>(st.st_ino) << 32) ^ static_cast<int64_t>(st.st_size);
 }
 
 std::string ReadWhole(const std::string& path) {
@@ -64,29 +68,30 @@ std::string LastStateLine(const std::string& logText) {
 }
 
 void ServiceView::LoadSchedule() {
-    // The loader's boxes are held back: the view reads a file that the service may be writing,
-    // and tries again at the next change rather than asking anyone.
-    const bool deferring = s_.deferBoxes;
-    const size_t boxesBefore = s_.deferredBoxes.size();
-    s_.deferBoxes = true;
+    // The view reads a file that the service may be writing: a load that is not clean is tried
+    // again at the next change rather than told to anyone.
     ResetRelayRecords(s_);
-    loaded_ =
-        LoadRunFile(s_, s_.platform.machineDirectory, RestartFileName, false) == RunFileLoaded &&
-        s_.deferredBoxes.size() == boxesBefore;
-    s_.deferredBoxes.resize(boxesBefore);
-    s_.deferBoxes = deferring;
+    loaded_ = LoadRunFileCleanly(s_, s_.platform.machineDirectory, RestartFileName);
     if (!loaded_) restartStamp_ = -1;
     ResetRowVisuals(s_);
     FillRowsFromRecords(s_);
 }
 
 void ServiceView::Refresh() {
+    s_.screen().SetTitle(std::string(ServiceViewTitle) + " - " + AppTitle);
     const int64_t stamp = ModificationStamp(s_.platform.machineDirectory + RestartFileName);
     if (stamp != restartStamp_) {
         restartStamp_ = stamp;
         LoadSchedule();
+        logRead_.clear();  // the rows were reset: their lights come from the log again
     }
+    // The service writes a state line once a minute: the log is read again only when it has
+    // changed (or a new day's log has begun).
     const std::string log = s_.modRelay.LogFilePath + LogFileNameForDate(s_.clock().ShortDate());
+    const int64_t logStamp = ModificationStamp(log);
+    if (log == logRead_ && logStamp == logStamp_) return;
+    logRead_ = log;
+    logStamp_ = logStamp;
     if (const auto state = ParseStateLine(s_, LastStateLine(ReadWhole(log)))) {
         for (int i = 0; i < RelaySlots; ++i)
             if (state->On[i])
@@ -94,7 +99,6 @@ void ServiceView::Refresh() {
                     i, *state->On[i] ? s_.modRelay.ColorRelayON : s_.modRelay.ColorRelayOFF);
         s_.display().SetStatusTime(state->Time);
     }
-    s_.screen().SetTitle(std::string(ServiceViewTitle) + " - " + AppTitle);
 }
 
 }  // namespace vantrellion

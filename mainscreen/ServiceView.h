@@ -39,7 +39,9 @@ class ServiceView {
 
     System& s_;
     bool loaded_ = false;
-    int64_t restartStamp_ = -1;  // modification time of the restart file read, in ns
+    int64_t restartStamp_ = -1;  // stamp of the restart file read
+    std::string logRead_;        // the day's log last read
+    int64_t logStamp_ = -1;      // its stamp then
 };
 
 }  // namespace vantrellion

@@ -238,4 +238,15 @@ int LoadRunFile(System& s, const std::string& Path, const std::string& FileName,
     return result;
 }
 
+bool LoadRunFileCleanly(System& s, const std::string& Path, const std::string& FileName) {
+    const bool deferring = s.deferBoxes;
+    const size_t boxesBefore = s.deferredBoxes.size();
+    s.deferBoxes = true;
+    const bool loaded = LoadRunFile(s, Path, FileName, false) == RunFileLoaded;
+    const bool clean = loaded && s.deferredBoxes.size() == boxesBefore;
+    s.deferredBoxes.resize(boxesBefore);
+    s.deferBoxes = deferring;
+    return clean;
+}
+
 }  // namespace vantrellion

@@ -34,6 +34,12 @@ struct RunFileLoadProblem {
 int LoadRunFile(System& s, const std::string& Path, const std::string& FileName, bool ShowOpenError,
                 RunFileLoadProblem* problem = nullptr);
 
+// LoadRunFile without a word to anyone: the loader's boxes are held back and dropped. True
+// when the file loaded and raised no box at all (no field was blanked), so that a caller that
+// reads a file unasked (at a start, or a file another program writes) can tell it in its own
+// words, or try again later.
+bool LoadRunFileCleanly(System& s, const std::string& Path, const std::string& FileName);
+
 // The old even/odd codes and what they mean now: "CO" to "TH", "MO" and "MM" to "MH", "FO" to
 // "BH". Any other code is returned as it is.
 std::string ConvertOldEvenOddCode(const std::string& code);
