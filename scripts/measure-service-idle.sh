@@ -24,6 +24,13 @@ trap cleanup EXIT
 unset DISPLAY
 export HOME="$work" XDG_DATA_HOME="$work/data" XDG_CONFIG_HOME="$work/config"
 mkdir -p "$work/service-log" "$work/python-log"
+# The yardstick is a loop on the `schedule` module: the first Python that has it (Debian's
+# python3-schedule), else the plain loop of the same script.
+python=python3
+for candidate in /usr/bin/python3 python3; do
+    if "$candidate" -c 'import schedule' 2>/dev/null; then python=$candidate; break; fi
+done
+"$python" -c 'import schedule' 2>/dev/null || echo "no schedule module: the Python loop sleeps by itself"
 "$build/bin/bench_prepare_store" "$XDG_DATA_HOME/vantrellion/" "$work/heavy.run"
 
 # The service manager's end of the notify socket: reads and drops what the service sends.
@@ -40,7 +47,7 @@ NOTIFY_SOCKET="$work/notify" WATCHDOG_USEC=10000000 "$build/bin/vantrelliond" --
     --log-dir "$work/service-log" 2>"$work/service.err" &
 service=$!
 pids+=($service)
-python3 scripts/idle_schedule_loop.py "$work/python-log" &
+"$python" scripts/idle_schedule_loop.py "$work/python-log" &
 loop=$!
 pids+=($loop)
 "$build/bin/bench_idle_wake" &

@@ -11,7 +11,7 @@ ServiceNotifier::ServiceNotifier(System& s) : s_(s) {
     active_ = socket && *socket;
     uint64_t usec = 0;
     if (active_ && sd_watchdog_enabled(0, &usec) > 0)
-        watchdogMs_ = static_cast<int64_t>(usec / 4000);
+        watchdogMs_ = static_cast<int64_t>(usec / 2000);
 }
 
 void ServiceNotifier::TickCompleted() {

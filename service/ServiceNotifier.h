@@ -1,8 +1,10 @@
 // The service manager's notifications (sd_notify): READY=1 once the first tick has run,
 // WATCHDOG=1 after a tick completes, so that a tick that hangs gets the service restarted,
 // STATUS= with the relays on and the next switch when it changes, and STOPPING=1 at a clean
-// stop. WATCHDOG=1 goes only where the manager watches (WATCHDOG_USEC), at most four times in
-// its period, so that most ticks send nothing. Without NOTIFY_SOCKET nothing is sent.
+// stop. WATCHDOG=1 goes only where the manager watches (WATCHDOG_USEC), once in each half of
+// its period as the manager asks, so that most ticks send nothing: each sd_notify() call opens
+// and sets up a socket of its own, which costs more than the tick. Without NOTIFY_SOCKET nothing
+// is sent.
 #pragma once
 
 #include <optional>

@@ -78,7 +78,7 @@ TEST(ServiceProgram, NotifiesReloadsOnHangupAndStopsCleanlyOnTerm) {
     ASSERT_TRUE(notify.WaitFor("READY=1", 5000)) << d.Stderr();
     EXPECT_NE(notify.All().find("STATUS="), std::string::npos);
     notify.Forget();
-    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 4000));
+    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 7000));
     EXPECT_TRUE(std::filesystem::exists(dir.File(RestartFileName)));
 
     // SIGHUP reads the Run File again; a damaged one is refused and the schedule stays.
@@ -88,7 +88,7 @@ TEST(ServiceProgram, NotifiesReloadsOnHangupAndStopsCleanlyOnTerm) {
     d.Signal(SIGHUP);
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     notify.Forget();
-    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 4000)) << "still ticking after a refused reload";
+    EXPECT_TRUE(notify.WaitFor("WATCHDOG=1", 7000)) << "still ticking after a refused reload";
 
     const auto stop = std::chrono::steady_clock::now();
     d.Signal(SIGTERM);
