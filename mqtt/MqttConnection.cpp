@@ -105,13 +105,13 @@ std::string MqttConnection::FailureText(int rc) {
         text = "the broker refused the connection: " + refusal_;
     } else if (!lastError_.empty()) {
         text = lastError_;
-    } else if (rc == MOSQ_ERR_ERRNO) {
-        text = mosquitto_strerror(rc);
     } else {
         text = mosquitto_strerror(rc);
     }
     refusal_.clear();
     lastError_.clear();
+    while (!text.empty() && (text.back() == '.' || text.back() == '\n'))
+        text.pop_back();
     return text;
 }
 
@@ -147,7 +147,8 @@ void MqttConnection::Run() {
                 if (std::chrono::steady_clock::now() > deadline) break;
             }
         }
-        const bool wasConnected = connected_.exchange(false);
+        connected_ = false;
+        const bool wasConnected = linkUp_.exchange(false);
         if (stopping_ || leaving_) break;
         const std::string reason = FailureText(rc);
         if (wasConnected) {
@@ -180,6 +181,7 @@ void MqttConnection::OnConnect(mosquitto* m, void* self, int rc) {
     }
     for (const std::string& filter : c->options_.Subscriptions)
         mosquitto_subscribe(m, nullptr, filter.c_str(), 1);
+    c->linkUp_ = true;
     c->connected_ = true;
     c->Push({MqttEvent::Kind::Connected, {}, {}, {}, false, 0});
 }

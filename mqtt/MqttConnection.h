@@ -81,6 +81,7 @@ class MqttConnection {
     mosquitto* client_ = nullptr;
     std::thread thread_;
     std::atomic<bool> connected_{false};
+    std::atomic<bool> linkUp_{false};  // this attempt reached the broker
     std::atomic<bool> stopping_{false};
     std::atomic<bool> leaving_{false};
     std::mutex mutex_;  // guards what follows

@@ -109,20 +109,18 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
 
     // The bars: each switch on the broker within 2 s of the second it falls on.
     for (int r = 1; r <= 7; ++r) {
+        size_t at = 0;  // each relay is on only once; its off comes after its on
         for (const bool on : {true, false}) {
-            const int second = first + r - 1 + (on ? 0 : 2);
-            const auto due = now.SecondStart + std::chrono::seconds(second - now.Second);
-            const size_t from = watcher.Messages().size();
+            const auto due = now.SecondStart + std::chrono::seconds(first + r - 1 + (on ? 0 : 2) -
+                                                                    now.Second);
+            const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(
+                due + std::chrono::seconds(2) - Clock::now());
             ASSERT_TRUE(watcher.WaitFor(RelayStateTopic(base, r), on ? "ON" : "OFF",
-                                        static_cast<int>(std::chrono::duration_cast<
-                                                             std::chrono::milliseconds>(
-                                                             due - Clock::now())
-                                                             .count()) +
-                                            2000,
-                                        on ? from : 0))
+                                        static_cast<int>(wait.count()), at, &at))
                 << "relay " << r << (on ? " on" : " off") << "\n"
                 << d.Stderr();
-            EXPECT_GT(Clock::now(), due - std::chrono::milliseconds(200));
+            EXPECT_GT(watcher.Messages()[at].At, due - std::chrono::milliseconds(100))
+                << "relay " << r << (on ? " on" : " off") << " early";
         }
     }
     EXPECT_EQ(watcher.Latest()[RelayStateTopic(base, 8)], "OFF");

@@ -157,11 +157,14 @@ bool MqttWatcher::WaitUntil(const std::function<bool(const std::vector<ReceivedM
 }
 
 bool MqttWatcher::WaitFor(const std::string& topic, const std::string& payload, int timeoutMs,
-                          size_t from) {
+                          size_t from, size_t* at) {
     return WaitUntil(
         [&](const std::vector<ReceivedMessage>& all) {
             for (size_t i = from; i < all.size(); ++i)
-                if (all[i].Topic == topic && all[i].Payload == payload) return true;
+                if (all[i].Topic == topic && all[i].Payload == payload) {
+                    if (at) *at = i;
+                    return true;
+                }
             return false;
         },
         timeoutMs);

@@ -58,9 +58,10 @@ class MqttWatcher {
     // Waits (on the messages as they come) until pred holds for the messages so far.
     bool WaitUntil(const std::function<bool(const std::vector<ReceivedMessage>&)>& pred,
                    int timeoutMs);
-    // Waits for a message on topic with this payload, arrived at or after index `from`.
+    // Waits for a message on topic with this payload, arrived at or after index `from`; its
+    // index goes to `at` when given.
     bool WaitFor(const std::string& topic, const std::string& payload, int timeoutMs,
-                 size_t from = 0);
+                 size_t from = 0, size_t* at = nullptr);
     std::vector<ReceivedMessage> Messages();
     // The last payload of each topic.
     std::map<std::string, std::string> Latest();
