@@ -169,5 +169,70 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
     EXPECT_TRUE(late.WaitFor(StatusTopic(base), "offline", 1000));
 }
 
+// mqtts with the system's certificate store, here the test's CA through SSL_CERT_FILE: a
+// broker whose certificate another CA signed is refused with the reason; with the right CA the
+// service connects, and without remote control its commands are refused.
+TEST(ServiceMqtt, TlsVerifiesTheBrokerAndCommandsNeedRemoteControl) {
+    if (SkipWithoutBroker()) GTEST_SKIP() << MosquittoProgram << " is not installed";
+    TempDir dir;
+    MosquittoBroker broker(dir, true);
+    ASSERT_TRUE(broker.Start()) << broker.Log();
+    const std::string base = DefaultMqttBaseTopic();
+    const std::string node = DiscoveryNodeId(base);
+    MqttWatcher watcher(broker.Port());
+    ASSERT_TRUE(watcher.Connected());
+    const std::string runFile = PrepareServiceDirectory(dir);
+    const std::vector<std::string> args{"--run", runFile, "--data-dir", dir.Path(), "--mqtt",
+                                        "mqtts://127.0.0.1:" + std::to_string(broker.TlsPort())};
+    {
+        Daemon wrongCa(dir, args, "", {{"SSL_CERT_FILE", dir.File("other-ca.pem")}});
+        std::string err;
+        for (int waited = 0; waited < 5000 && err.find("cannot connect") == std::string::npos;
+             waited += 50) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            err = wrongCa.Stderr();
+        }
+        EXPECT_NE(err.find("<4>MQTT: cannot connect to the broker mqtts://127.0.0.1:" +
+                           std::to_string(broker.TlsPort()) + ": "),
+                  std::string::npos)
+            << err;
+        EXPECT_NE(err.find("certificate verify failed"), std::string::npos) << err;
+        EXPECT_EQ(watcher.Latest().count(StatusTopic(base)), 0u);
+    }
+    Daemon d(dir, args, "", {{"SSL_CERT_FILE", dir.File("ca.pem")}});
+    ASSERT_TRUE(watcher.WaitFor(StatusTopic(base), "online", 5000)) << d.Stderr();
+    ASSERT_TRUE(watcher.WaitUntil(
+        [&](const std::vector<ReceivedMessage>& all) {
+            for (const auto& m : all)
+                if (m.Topic == SwitchConfigTopic(node, 1)) return true;
+            return false;
+        },
+        2000));
+    EXPECT_EQ(watcher.Latest()[SwitchConfigTopic(node, 1)].find("command_topic"),
+              std::string::npos);
+    // Relay 3 is off outside 10:30-10:45, relay 2 on all day: neither command may change them.
+    ASSERT_TRUE(watcher.WaitFor(RelayStateTopic(base, 2), "ON", 2000));
+    std::this_thread::sleep_for(std::chrono::milliseconds(1000));  // past the first second
+    watcher.Publish(RelayStopTopic(base, 2), "ON", false);
+    watcher.Publish(RelaySetTopic(base, 3), "ON", false);
+    const std::string refused = "<4>MQTT: command " + base + "/relay/3/set ON: refused, remote "
+                                                             "control is off";
+    std::string err;
+    for (int waited = 0; waited < 3000 && err.find(refused) == std::string::npos; waited += 50) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        err = d.Stderr();
+    }
+    EXPECT_NE(err.find(refused), std::string::npos) << err;
+    EXPECT_NE(err.find("relay/2/stop ON: refused, remote control is off"), std::string::npos);
+    const auto latest = watcher.Latest();
+    EXPECT_EQ(latest.at(RelayStateTopic(base, 2)), "ON");
+    EXPECT_NE(latest.at(RelayAttributesTopic(base, 2)).find("\"reason\":\"schedule\""),
+              std::string::npos);
+    d.Signal(SIGTERM);
+    EXPECT_EQ(d.Wait(3000), 0);
+    // A clean stop says offline itself.
+    EXPECT_TRUE(watcher.WaitFor(StatusTopic(base), "offline", 2000));
+}
+
 }  // namespace
 }  // namespace vantrellion::test

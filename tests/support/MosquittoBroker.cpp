@@ -3,6 +3,7 @@
 #include <arpa/inet.h>
 #include <mosquitto.h>
 #include <netinet/in.h>
+#include <pwd.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -57,7 +58,11 @@ void MakeCa(const std::string& dir, const std::string& ca) {
 MosquittoBroker::MosquittoBroker(const TempDir& dir, bool withTls) : dir_(dir.Path()) {
     port_ = FreePort();
     std::ofstream conf(dir_ + "mosquitto.conf");
+    // Started as root, mosquitto would change to its own user, which cannot read the test's
+    // directory: it stays the test's user.
+    const passwd* user = ::getpwuid(::geteuid());
     conf << "persistence false\nallow_anonymous true\nlog_dest stderr\n"
+         << "user " << (user ? user->pw_name : "root") << "\n"
          << "listener " << port_ << " 127.0.0.1\n";
     if (withTls) {
         tlsPort_ = FreePort();
