@@ -293,10 +293,11 @@ void VantrellionApp::StartRemoteStatus() {
     store_->ReleaseFile();
     if (settings.Url.empty()) return;
     // What the bridge has to say goes to stderr; a setting it cannot use also to a box.
-    mqtt_ = std::make_unique<MqttBridge>(s_, settings, [this](int priority, const std::string& text) {
-        std::fprintf(stderr, "<%d>%s\n", priority, text.c_str());
-        if (priority <= 3) s_.Message({text, Buttons::OK, Icon::Exclamation});
-    });
+    mqtt_ =
+        std::make_unique<MqttBridge>(s_, settings, [this](int priority, const std::string& text) {
+            std::fprintf(stderr, "<%d>%s\n", priority, text.c_str());
+            if (priority <= 3) s_.Message({text, Buttons::OK, Icon::Exclamation});
+        });
     if (!mqtt_->Start()) {
         mqtt_.reset();
         return;
@@ -325,7 +326,8 @@ void VantrellionApp::WireMenus() {
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
     w.OnMenu("mnuFileRemoteStatus", [this](int) {
         RunCommand(s_, [this] {
-            frmRemoteStatus window(s_, [this] { StartRemoteStatus(); }, main_.get());
+            frmRemoteStatus window(
+                s_, [this] { StartRemoteStatus(); }, main_.get());
             window.exec();
             store_->ReleaseFile();
         });

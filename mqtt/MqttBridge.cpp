@@ -34,8 +34,8 @@ const char* OnOff(bool on) {
 std::string RelayName(const System& s, int record) {
     const std::string& own = s.frmRelay.Relay[record].DisplayName;
     if (own.find_first_not_of(' ') != std::string::npos) return own;
-    return RelayShownName(s.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard],
-                          record);
+    return RelayShownName(
+        s.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard], record);
 }
 
 std::string IsoText(LocalSeconds t) {
@@ -55,9 +55,8 @@ std::string ScheduleKey(const System& s) {
         key += f.StartTime[k].Text() + "|" + f.EndTime[k].Text() + "|";
     for (int i = 0; i < MqttRelays; ++i) {
         const RelayRecord& r = f.Relay[i];
-        key += r.DaysOfWeek.Text() + "|" + r.DayHrEvenOdd.Text() + "|" +
-               std::to_string(r.Manual) + std::to_string(r.Invert) + std::to_string(r.HardStop) +
-               "|";
+        key += r.DaysOfWeek.Text() + "|" + r.DayHrEvenOdd.Text() + "|" + std::to_string(r.Manual) +
+               std::to_string(r.Invert) + std::to_string(r.HardStop) + "|";
     }
     return key;
 }
@@ -116,9 +115,9 @@ bool MqttBridge::Start() {
         connection_.reset();
         return false;
     }
-    Tell(kPriorityInfo, "connecting to " + settings_.Url + " as " + base_ +
-                            (settings_.RemoteControl ? ", remote control on"
-                                                     : ", remote control off"));
+    Tell(kPriorityInfo,
+         "connecting to " + settings_.Url + " as " + base_ +
+             (settings_.RemoteControl ? ", remote control on" : ", remote control off"));
     return true;
 }
 
@@ -158,9 +157,10 @@ void MqttBridge::Handle(const MqttEvent& e) {
             break;
         case MqttEvent::Kind::Failed:
             lost_ = true;
-            Tell(kPriorityWarning, "cannot connect to the broker " + settings_.Url + ": " +
-                                       e.Text + "; trying again every 1 to 60 seconds");
-            WriteEventLog(s_, "MQTT", "cannot connect to the broker " + settings_.Url + ": " + e.Text);
+            Tell(kPriorityWarning, "cannot connect to the broker " + settings_.Url + ": " + e.Text +
+                                       "; trying again every 1 to 60 seconds");
+            WriteEventLog(s_, "MQTT",
+                          "cannot connect to the broker " + settings_.Url + ": " + e.Text);
             break;
         case MqttEvent::Kind::Message:
             if (e.Topic == HomeAssistantStatusTopic) {
@@ -168,7 +168,7 @@ void MqttBridge::Handle(const MqttEvent& e) {
                 if (e.Payload == "online")
                     for (auto it = published_.begin(); it != published_.end();)
                         it = it->first.rfind("homeassistant/", 0) == 0 ? published_.erase(it)
-                                                                        : std::next(it);
+                                                                       : std::next(it);
             } else {
                 HandleCommand(e);
             }
@@ -177,7 +177,8 @@ void MqttBridge::Handle(const MqttEvent& e) {
 }
 
 void MqttBridge::HandleCommand(const MqttEvent& e) {
-    const std::string said = e.Topic + " " + (e.Payload.size() > 20 ? e.Payload.substr(0, 20) + "..." : e.Payload);
+    const std::string said =
+        e.Topic + " " + (e.Payload.size() > 20 ? e.Payload.substr(0, 20) + "..." : e.Payload);
     const auto answer = [&](int priority, const std::string& verdict) {
         Tell(priority, "command " + said + ": " + verdict);
         WriteEventLog(s_, "MQTT command", said + ": " + verdict);
@@ -264,7 +265,8 @@ std::map<std::string, std::string> MqttBridge::CurrentMessages() {
         // Not read back yet: nothing is said of the relay until the first tick has read it.
         if (r.OldState == 0 || r.OldState == 1) {
             m[RelayStateTopic(base_, n)] = OnOff(r.OldState == 1);
-            m[RelayAttributesTopic(base_, n)] = RelayAttributesPayload(ReasonOf(r), NextSwitchText(i, now));
+            m[RelayAttributesTopic(base_, n)] =
+                RelayAttributesPayload(ReasonOf(r), NextSwitchText(i, now));
         }
         if (r.InputState == 0 || r.InputState == 1)
             m[InputStateTopic(base_, n)] = OnOff(r.InputState == 1);

@@ -50,10 +50,10 @@ std::string JsonString(const std::string& text) {
 }
 
 std::string SwitchConfigPayload(const DiscoveryEntity& e, bool remoteControl) {
-    std::string json = "{" + Field("unique_id", JsonString(e.Node + "_relay" +
-                                                           std::to_string(e.Number))) +
-                       "," + Field("name", JsonString(e.Name)) + "," +
-                       Field("state_topic", JsonString(RelayStateTopic(e.Base, e.Number)));
+    std::string json =
+        "{" + Field("unique_id", JsonString(e.Node + "_relay" + std::to_string(e.Number))) + "," +
+        Field("name", JsonString(e.Name)) + "," +
+        Field("state_topic", JsonString(RelayStateTopic(e.Base, e.Number)));
     if (remoteControl)
         json += "," + Field("command_topic", JsonString(RelaySetTopic(e.Base, e.Number)));
     json += "," + Field("availability_topic", JsonString(StatusTopic(e.Base))) + "," +
@@ -68,8 +68,8 @@ std::string BinarySensorConfigPayload(const DiscoveryEntity& e) {
            "," + Field("name", JsonString(e.Name)) + "," +
            Field("state_topic", JsonString(InputStateTopic(e.Base, e.Number))) + "," +
            Field("availability_topic", JsonString(StatusTopic(e.Base))) + "," +
-           Field("payload_on", JsonString("ON")) + "," +
-           Field("payload_off", JsonString("OFF")) + "," + Field("device", Device(e)) + "}";
+           Field("payload_on", JsonString("ON")) + "," + Field("payload_off", JsonString("OFF")) +
+           "," + Field("device", Device(e)) + "}";
 }
 
 const char* RelayReasonText(RelayReason reason) {

@@ -89,8 +89,8 @@ std::optional<std::string> ReadMqttPasswordFile(const std::string& path, std::st
     struct stat st {};
     errno = 0;
     if (::stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) {
-        error = "the password file " + path + " cannot be read: " +
-                (errno ? std::strerror(errno) : "it is not a file");
+        error = "the password file " + path +
+                " cannot be read: " + (errno ? std::strerror(errno) : "it is not a file");
         return std::nullopt;
     }
     // A password that others can read is no secret: the bridge will not send it.

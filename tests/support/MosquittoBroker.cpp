@@ -75,8 +75,8 @@ MosquittoBroker::MosquittoBroker(const TempDir& dir, bool withTls) : dir_(dir.Pa
             dir_ + "ca.key -CAcreateserial -extfile " + dir_ + "san.ext -out " + dir_ +
             "server.pem");
         conf << "listener " << tlsPort_ << " 127.0.0.1\n"
-             << "cafile " << dir_ << "ca.pem\ncertfile " << dir_ << "server.pem\nkeyfile "
-             << dir_ << "server.key\n";
+             << "cafile " << dir_ << "ca.pem\ncertfile " << dir_ << "server.pem\nkeyfile " << dir_
+             << "server.key\n";
     }
 }
 
