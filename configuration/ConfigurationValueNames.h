@@ -58,4 +58,12 @@ inline std::string GroupColorValueName(int group) {
     return "ColorRelayGroup" + std::to_string(group + 1);
 }
 
+// The remote status (MQTT) settings, each a text.
+inline constexpr const char* MqttUrlValueName = "MqttUrl";
+inline constexpr const char* MqttUserValueName = "MqttUser";
+inline constexpr const char* MqttPasswordFileValueName = "MqttPasswordFile";
+inline constexpr const char* MqttBaseTopicValueName = "MqttBaseTopic";
+inline constexpr const char* MqttDiscoveryValueName = "MqttDiscovery";
+inline constexpr const char* MqttRemoteControlValueName = "MqttRemoteControl";
+
 }  // namespace vantrellion

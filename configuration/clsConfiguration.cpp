@@ -75,6 +75,15 @@ void ConfigurationBoardConnectionSave(System& s, int board, const std::string& t
     WriteText(s, ("BoardConnection" + std::to_string(board + 1)).c_str(), text);
 }
 
+std::string ConfigurationTextLoad(System& s, const char* name) {
+    const std::string v = ReadSentinel(s, name);
+    return v == REGKEYNOTFOUND || v == VALUENAMENOTFOUND ? "" : v;
+}
+
+void ConfigurationTextSave(System& s, const char* name, const std::string& text) {
+    WriteText(s, name, text);
+}
+
 void ConfigurationInstallPathSave(System& s, const std::string& path) {
     WriteText(s, "InstallPath", path);
 }

@@ -48,6 +48,11 @@ std::optional<RunTimeError> ConfigurationFlagRunNoBoardsLoad(System& s, Flag& fl
 std::string ConfigurationBoardConnectionLoad(System& s, int board);
 void ConfigurationBoardConnectionSave(System& s, int board, const std::string& text);
 
+// A text value of the configuration key by its name (the remote status settings): the text,
+// "" when it is missing.
+std::string ConfigurationTextLoad(System& s, const char* name);
+void ConfigurationTextSave(System& s, const char* name, const std::string& text);
+
 void ConfigurationInstallPathSave(System& s, const std::string& path);
 void ConfigurationInstallNameSave(System& s, const std::string& name);
 // false as "0", true as "1".

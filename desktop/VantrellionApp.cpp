@@ -4,7 +4,9 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
+#include <algorithm>
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <thread>
@@ -30,6 +32,7 @@
 #include "desktop/ShowConfigForms.h"
 #include "desktop/ShowRequests.h"
 #include "desktop/StateToolMenus.h"
+#include "desktop/frmRemoteStatus.h"
 #include "engine/Tick.h"
 #include "logging/TimeLimitedBoxes.h"
 #include "mainscreen/FileCommands.h"
@@ -256,6 +259,7 @@ void VantrellionApp::CreateMainScreen() {
     };
     main_->Unload = [this] {
         RunCommand(s_, [&] { Form_Unload(s_); });
+        if (mqtt_) mqtt_->Stop();
         main_->CloseTimeWindow();
         // tmrCheckTime belongs to the main screen and goes with it, even if a save during
         // the close question turned it back on.
@@ -274,7 +278,31 @@ void VantrellionApp::CreateMainScreen() {
         Form_Initialize(s_);
         Form_Load(s_);
     });
+    StartRemoteStatus();
     main_->show();
+}
+
+void VantrellionApp::StartRemoteStatus() {
+    if (mqtt_) {
+        auto& observers = s_.platform.tickObservers;
+        observers.erase(std::remove(observers.begin(), observers.end(), mqtt_.get()),
+                        observers.end());
+        mqtt_.reset();
+    }
+    const MqttSettings settings = LoadMqttSettings(s_);
+    store_->ReleaseFile();
+    if (settings.Url.empty()) return;
+    // What the bridge has to say goes to stderr; a setting it cannot use also to a box.
+    mqtt_ =
+        std::make_unique<MqttBridge>(s_, settings, [this](int priority, const std::string& text) {
+            std::fprintf(stderr, "<%d>%s\n", priority, text.c_str());
+            if (priority <= 3) s_.Message({text, Buttons::OK, Icon::Exclamation});
+        });
+    if (!mqtt_->Start()) {
+        mqtt_.reset();
+        return;
+    }
+    s_.platform.tickObservers.push_back(mqtt_.get());
 }
 
 void VantrellionApp::WireMenus() {
@@ -296,6 +324,14 @@ void VantrellionApp::WireMenus() {
         });
     });
     w.OnMenu("mnuFileConfigurationRemove", command(&mnuFileConfigurationRemove));
+    w.OnMenu("mnuFileRemoteStatus", [this](int) {
+        RunCommand(s_, [this] {
+            frmRemoteStatus window(
+                s_, [this] { StartRemoteStatus(); }, main_.get());
+            window.exec();
+            store_->ReleaseFile();
+        });
+    });
     w.OnMenu("mnuToolForceCheckTime", [this](int) { RunOrEnd(s_, [this] { CheckTimeTick(s_); }); });
     WireRunOnBootMenu(w, s_, *serviceManager_);
     WireStateToolMenus(w, s_);

@@ -23,6 +23,7 @@
 #include "desktop/frmRelay.h"
 #include "desktop/frmSplash.h"
 #include "mainscreen/ServiceView.h"
+#include "mqtt/MqttBridge.h"
 
 namespace vantrellion {
 
@@ -71,6 +72,9 @@ class VantrellionApp {
     // Closes the splash and stores its place.
     void CloseSplash();
     void WireMenus();
+    // The bridge to the broker of the store's MqttUrl, started (again) with the stored
+    // settings; none without a URL.
+    void StartRemoteStatus();
     void ShowMainErrorMessage(const std::string& description, int number,
                               const std::string& source);
 
@@ -107,6 +111,7 @@ class VantrellionApp {
     // While the splash is up, raises every other window that start-up opens above it.
     std::unique_ptr<QObject> splashGuard_;
     std::unique_ptr<frmRelay> main_;
+    std::unique_ptr<MqttBridge> mqtt_;
     std::unique_ptr<RecentFilesMenu> recentFiles_;
 };
 

@@ -86,7 +86,7 @@ for size in 16 22 24 32 48 64 128 256; do
 done
 depends=$(dpkg-deb -f "$deb" Depends)
 echo "Depends: $depends"
-for lib in libc6 libqt6widgets6 libqt6printsupport6 libqt6svg6 libsqlite3-0 libstdc++6; do
+for lib in libc6 libqt6widgets6 libqt6printsupport6 libqt6svg6 libsqlite3-0 libstdc++6 libmosquitto1; do
     [[ $depends == *"$lib"* ]] || fail "Depends lacks $lib"
 done
 file "$root/$libdir/vantrellion" | grep -q "stripped" || fail "the program is not stripped"

@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libsqlite3-dev libgtest-dev libgmock-dev
           libbenchmark-dev xvfb xauth fonts-dejavu-core desktop-file-utils qt6-svg-dev
           fonts-urw-base35 openbox libgpiod-dev libhidapi-dev libmodbus-dev libsystemd-dev
-          systemd python3)
+          systemd python3 libmosquitto-dev mosquitto openssl)
 
 # Other lists (the packaging tools) name their packages as arguments.
 [ $# -gt 0 ] && packages=("$@")

@@ -14,6 +14,7 @@
 #include "engine/Tick.h"
 #include "mainscreen/FileCommands.h"
 #include "mainscreen/MainScreenLifecycle.h"
+#include "mqtt/MqttBridge.h"
 #include "runfile/RunFileLoad.h"
 #include "service/ServiceConsole.h"
 
@@ -92,6 +93,7 @@ Service::Service(ServiceOptions options, Clock* clock, Ports* ports)
 
 Service::~Service() {
     timer_.SetEnabled(false);
+    if (mqtt_) mqtt_->Stop();
     boards_->CloseAll();
 }
 
@@ -136,6 +138,7 @@ int Service::Start() {
             return 2;
         }
     }
+    if (!StartRemoteStatus()) return 2;
     const bool ok = LoadSchedule();
     store_->ReleaseFile();
     if (!ok) return 1;
@@ -177,6 +180,25 @@ bool Service::LoadSchedule() {
     return OpenChosenRunFile(s_, runFile_);
 }
 
+// The bridge to the broker of --mqtt, else of the store's MqttUrl; none without either. A broker
+// named on the command line that cannot be used ends the start; one of the store is told and
+// the schedule runs without it.
+bool Service::StartRemoteStatus() {
+    MqttSettings settings = LoadMqttSettings(s_);
+    if (!options_.MqttUrl.empty()) settings.Url = options_.MqttUrl;
+    if (options_.MqttControl) settings.RemoteControl = true;
+    if (settings.Url.empty()) return true;
+    mqtt_ = std::make_unique<MqttBridge>(s_, settings, [](int priority, const std::string& text) {
+        ServiceMessage(priority, text);
+    });
+    if (!mqtt_->Start()) {
+        mqtt_.reset();
+        return options_.MqttUrl.empty();
+    }
+    s_.platform.tickObservers.push_back(mqtt_.get());
+    return true;
+}
+
 bool Service::Tick() {
     if (!timer_.IsEnabled()) return false;
     CheckTimeTick(s_);
@@ -212,6 +234,7 @@ void Service::Stop() {
     timer_.SetEnabled(false);
     boards_->CloseAll();
     store_->ReleaseFile();
+    if (mqtt_) mqtt_->Stop();
     ServiceMessage(PriorityInfo, "stopped");
 }
 

@@ -20,6 +20,7 @@ namespace vantrellion {
 
 class BoardSet;
 class KeyValueStore;
+class MqttBridge;
 
 // The name the service writes into the instance lock.
 inline constexpr const char* ServiceProgramName = "vantrelliond";
@@ -34,8 +35,9 @@ class Service {
     Service& operator=(const Service&) = delete;
 
     // The start: the instance lock, the store and its configuration, the board connections,
-    // and the schedule (the restart file, else --run, else the store's data file). 0 when the
-    // service is to run; otherwise the exit code, with the reason told on stderr.
+    // the remote status when a broker is named, and the schedule (the restart file, else --run,
+    // else the store's data file). 0 when the service is to run; otherwise the exit code, with the
+    // reason told on stderr.
     int Start();
     // One tick of tmrCheckTime, when the core has it on. False when it was off.
     bool Tick();
@@ -53,6 +55,7 @@ class Service {
 
   private:
     bool LoadSchedule();
+    bool StartRemoteStatus();
 
     ServiceOptions options_;
     System s_;
@@ -70,6 +73,7 @@ class Service {
     StoreWindowPlaces windowPlaces_{s_};
     ConfigurationStoreAdapter configurationSaves_{s_};
     ServiceNotifier notifier_{s_};
+    std::unique_ptr<MqttBridge> mqtt_;
     std::string runFile_;
     bool started_ = false;
 };

@@ -28,7 +28,9 @@ bool ParseBoard(const std::string& text, std::pair<int, std::string>& board) {
 
 std::string ServiceUsage() {
     return "usage: vantrelliond [--run FILE.run] [--data-dir DIR] [--log-dir DIR] "
-           "[--board N=CONNECTION]...\n";
+           "[--board N=CONNECTION]...\n"
+           "                   [--mqtt mqtt://HOST[:PORT] | mqtts://HOST[:PORT]] "
+           "[--mqtt-control]\n";
 }
 
 std::optional<ServiceOptions> ParseServiceOptions(const std::vector<std::string>& args,
@@ -40,6 +42,10 @@ std::optional<ServiceOptions> ParseServiceOptions(const std::vector<std::string>
             o.Help = true;
             continue;
         }
+        if (arg == "--mqtt-control") {
+            o.MqttControl = true;
+            continue;
+        }
         std::string name = arg, value;
         bool inlineValue = false;
         if (const size_t eq = arg.find('='); arg.rfind("--", 0) == 0 && eq != std::string::npos) {
@@ -47,7 +53,8 @@ std::optional<ServiceOptions> ParseServiceOptions(const std::vector<std::string>
             value = arg.substr(eq + 1);
             inlineValue = true;
         }
-        if (name != "--run" && name != "--data-dir" && name != "--log-dir" && name != "--board") {
+        if (name != "--run" && name != "--data-dir" && name != "--log-dir" && name != "--board" &&
+            name != "--mqtt") {
             error = "unknown option \"" + arg + "\"";
             return std::nullopt;
         }
@@ -66,6 +73,8 @@ std::optional<ServiceOptions> ParseServiceOptions(const std::vector<std::string>
             o.RunFile = value;
         } else if (name == "--data-dir") {
             o.MachineDirectory = WithSlash(value);
+        } else if (name == "--mqtt") {
+            o.MqttUrl = value;
         } else if (name == "--log-dir") {
             o.LogDirectory = WithSlash(value);
         } else {

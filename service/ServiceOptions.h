@@ -1,5 +1,6 @@
 // The command line of the service:
 //   vantrelliond [--run FILE.run] [--data-dir DIR] [--log-dir DIR] [--board N=CONNECTION]...
+//                [--mqtt URL] [--mqtt-control]
 #pragma once
 
 #include <optional>
@@ -15,6 +16,10 @@ struct ServiceOptions {
     std::string LogDirectory;      // with its trailing "/"; "" : the configured log folder
     // Board number (1 to the last board) and connection text, for this run only.
     std::vector<std::pair<int, std::string>> Boards;
+    // The broker of the remote status ("" : the store's MqttUrl), and remote control on for
+    // this run whatever the store's MqttRemoteControl says.
+    std::string MqttUrl;
+    bool MqttControl = false;
     bool Help = false;
 };
 

@@ -2,7 +2,6 @@
 // test, signals, a kill -9 and a start again, and Run Files that do not load.
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
@@ -13,55 +12,6 @@
 
 namespace vantrellion::test {
 namespace {
-
-// The program, started with its stderr in a file of the directory.
-class Daemon {
-  public:
-    Daemon(const TempDir& dir, const std::vector<std::string>& args, const std::string& notify)
-        : stderr_(dir.File("stderr-" + std::to_string(++starts_) + ".txt")) {
-        pid_ = ::fork();
-        if (pid_ == 0) {
-            ::unsetenv("DISPLAY");
-            if (notify.empty())
-                ::unsetenv("NOTIFY_SOCKET");
-            else
-                ::setenv("NOTIFY_SOCKET", notify.c_str(), 1);
-            ::setenv("WATCHDOG_USEC", "10000000", 1);  // WatchdogSec=10, as the unit has it
-            std::freopen(stderr_.c_str(), "w", stderr);
-            std::vector<char*> argv{const_cast<char*>(VANTRELLIOND)};
-            for (const std::string& a : args)
-                argv.push_back(const_cast<char*>(a.c_str()));
-            argv.push_back(nullptr);
-            ::execv(VANTRELLIOND, argv.data());
-            ::_exit(127);
-        }
-    }
-    ~Daemon() {
-        if (pid_ > 0) {
-            ::kill(pid_, SIGKILL);
-            Wait(5000);
-        }
-    }
-    void Signal(int signal) { ::kill(pid_, signal); }
-    // The exit code, 128 plus the signal, or -1 when it did not end within timeoutMs.
-    int Wait(int timeoutMs) {
-        for (int waited = 0; waited <= timeoutMs; waited += 10) {
-            int status = 0;
-            if (::waitpid(pid_, &status, WNOHANG) == pid_) {
-                pid_ = -1;
-                return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return -1;
-    }
-    std::string Stderr() const { return ReadFile(stderr_); }
-
-  private:
-    static inline int starts_ = 0;
-    std::string stderr_;
-    pid_t pid_ = -1;
-};
 
 std::string TodaysLog(const TempDir& dir) {
     std::string log;

@@ -2,8 +2,10 @@
 // state lines of a daily log: what the service's tests share.
 #pragma once
 
+#include <signal.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -12,6 +14,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "runfile/RunFileSave.h"
@@ -95,6 +98,66 @@ class NotifySocket {
     std::string path_;
     int fd_ = -1;
     std::string all_;
+};
+
+// The program, started with its stderr in a file of the directory.
+class Daemon {
+  public:
+    Daemon(const TempDir& dir, const std::vector<std::string>& args, const std::string& notify,
+           const std::vector<std::pair<std::string, std::string>>& env = {})
+        : stderr_(dir.File("stderr-" + std::to_string(++starts_) + ".txt")) {
+        pid_ = ::fork();
+        if (pid_ == 0) {
+            ::unsetenv("DISPLAY");
+            if (notify.empty())
+                ::unsetenv("NOTIFY_SOCKET");
+            else
+                ::setenv("NOTIFY_SOCKET", notify.c_str(), 1);
+            ::setenv("WATCHDOG_USEC", "10000000", 1);  // WatchdogSec=10, as the unit has it
+            for (const auto& [name, value] : env)
+                ::setenv(name.c_str(), value.c_str(), 1);
+            std::freopen(stderr_.c_str(), "w", stderr);
+            std::vector<char*> argv{const_cast<char*>(VANTRELLIOND)};
+            for (const std::string& a : args)
+                argv.push_back(const_cast<char*>(a.c_str()));
+            argv.push_back(nullptr);
+            ::execv(VANTRELLIOND, argv.data());
+            ::_exit(127);
+        }
+    }
+    ~Daemon() {
+        if (pid_ > 0) {
+            ::kill(pid_, SIGKILL);
+            Wait(5000);
+        }
+    }
+    void Signal(int signal) { ::kill(pid_, signal); }
+    // The exit code, 128 plus the signal, or -1 when it did not end within timeoutMs.
+    int Wait(int timeoutMs) {
+        for (int waited = 0; waited <= timeoutMs; waited += 10) {
+            int status = 0;
+            if (::waitpid(pid_, &status, WNOHANG) == pid_) {
+                pid_ = -1;
+                return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return -1;
+    }
+    std::string Stderr() const { return ReadFile(stderr_); }
+    // Waits up to timeoutMs for text on stderr; stderr as it then stands.
+    std::string WaitForStderr(const std::string& text, int timeoutMs) const {
+        std::string err = Stderr();
+        for (int waited = 0; waited < timeoutMs && err.find(text) == std::string::npos;
+             waited += 50, err = Stderr())
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return err;
+    }
+
+  private:
+    static inline int starts_ = 0;
+    std::string stderr_;
+    pid_t pid_ = -1;
 };
 
 }  // namespace vantrellion::test
