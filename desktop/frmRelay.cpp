@@ -272,7 +272,7 @@ void frmRelay::BuildMenus() {
     file->addSeparator();
     AddItem(file, "mnuFileConfiguration", "Configuration");
     AddItem(file, "mnuFileConfigurationRemove", "Configuration (Remove)");
-    AddItem(file, "mnuFileRemoteStatus", "Remote Status (MQTT)...");
+    AddItem(file, "mnuFileRemoteStatus", "&Remote Status (MQTT)...");
     file->addSeparator();
     for (int n = 0; n < 6; ++n) {
         QAction* mru = AddItem(file, "mnuMRUFiles", "", n);
