@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/SunTimes.h"
+#include "core/DateTimeText.h"
 #include "core/Timeline.h"
 #include "engine/Tick.h"
 #include "logging/LogFileName.h"
@@ -57,7 +58,7 @@ LocalSeconds Day(int y, int m, int d) {
 
 // A week across the change to summer time in Berlin. Relay 0 is on for an hour from sunset,
 // relay 1 from half an hour before sunrise to 08:00 on even days only, relay 2 from 22:00 to
-// sunset + 3:00, which lies past midnight and so ends at 23:59:59.
+// sunset + 6:00, which lies past midnight and so ends at 23:59:59.
 TEST(SunWeek, SunPairsFollowTheSunDayByDayWithTheDayRulesAndTheClipping) {
     const ZoneScope zone("Europe/Berlin");
     TestSystem t;
@@ -65,7 +66,7 @@ TEST(SunWeek, SunPairsFollowTheSunDayByDayWithTheDayRulesAndTheClipping) {
     t.SetPair(0, 0, "SS", "SS+1:00");
     t.SetPair(1, 0, "sr-0:30", "08:00");
     t.relay(1).DayHrEvenOdd = "ED";
-    t.SetPair(2, 0, "22:00", "SS+3:00");
+    t.SetPair(2, 0, "22:00", "SS+6:00");
     const LocalSeconds first = Day(2026, 3, 26);
     const auto week = RunDays(t, first, 7);
 
