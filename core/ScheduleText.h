@@ -57,9 +57,9 @@ std::string TimeEntryForm(std::string_view text);
 // A start or end time of a pair.
 class TimeField {
   public:
-    static constexpr int32_t Blank = -1;       // "" or " ": no time
-    static constexpr int32_t Unreadable = -2;  // a text that is no time of day
-    static constexpr int32_t SunRelative = -3; // sunrise or sunset with an offset: Sun()
+    static constexpr int32_t Blank = -1;        // "" or " ": no time
+    static constexpr int32_t Unreadable = -2;   // a text that is no time of day
+    static constexpr int32_t SunRelative = -3;  // sunrise or sunset with an offset: Sun()
 
     TimeField() = default;
     TimeField(std::string text) { Set(std::move(text)); }

@@ -38,8 +38,7 @@ SolarPosition SolarPositionAt(double unixSeconds) {
     const double ecc = 0.016708634 - jc * (0.000042037 + 0.0000001267 * jc);
     const double m = Rad(meanAnom);
     const double center = std::sin(m) * (1.914602 - jc * (0.004817 + 0.000014 * jc)) +
-                          std::sin(2 * m) * (0.019993 - 0.000101 * jc) +
-                          std::sin(3 * m) * 0.000289;
+                          std::sin(2 * m) * (0.019993 - 0.000101 * jc) + std::sin(3 * m) * 0.000289;
     const double omega = Rad(125.04 - 1934.136 * jc);
     const double appLong = meanLong + center - 0.00569 - 0.00478 * std::sin(omega);
     const double meanObliq =
@@ -91,7 +90,7 @@ int LocalSecondsFrom(const DateTime& midnight, double instant) {
     const time_t t = static_cast<time_t>(std::llround(instant));
     tm local{};
     localtime_r(&t, &local);
-    const DateTime at{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
+    const DateTime at{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,    local.tm_hour,
                       local.tm_min,         local.tm_sec,     local.tm_wday + 1};
     return static_cast<int>(ToLocalSeconds(at) - ToLocalSeconds(midnight));
 }

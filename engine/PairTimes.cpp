@@ -22,8 +22,7 @@ int KnownTime(System& s, int k, const TimeField& field) {
 
 std::string WhyNoTime(System& s, int i) {
     const RelaySun& kept = s.frmRelay.SunOfDay[i];
-    if (!kept.Place)
-        return "no location is set (Latitude and Longitude in File, Configuration)";
+    if (!kept.Place) return "no location is set (Latitude and Longitude in File, Configuration)";
     return SunPhaseReason(kept.Sun.Phase);
 }
 
@@ -32,8 +31,8 @@ std::string WhyNoTime(System& s, int i) {
 const SunDay* RelaySunOfDay(System& s, int i, const DateTime& today) {
     RelaySun& kept = s.frmRelay.SunOfDay[i];
     const std::optional<GeoLocation>& place = s.modRelay.Location;
-    const bool sameDay = kept.Year == today.Year && kept.Month == today.Month &&
-                         kept.Day == today.Day;
+    const bool sameDay =
+        kept.Year == today.Year && kept.Month == today.Month && kept.Day == today.Day;
     if (!sameDay || kept.Place != place) {
         if (!sameDay) kept.Told = false;
         kept.Year = today.Year;

@@ -89,7 +89,8 @@ bool ValidateTime(System& s, Control field, int k, std::string& text) {
         if (!other.IsBlank()) {
             // Compared where the order does not depend on the day: two clock times, or two
             // times from the same sun event.
-            const auto order = isStart ? SameDayOrder(entered, other) : SameDayOrder(other, entered);
+            const auto order =
+                isStart ? SameDayOrder(entered, other) : SameDayOrder(other, entered);
             if (order == 0) return Reject(s, "ON time same as OFF");
             if (order == 1) return Reject(s, "ON time must be earlier then OFF time");
         }

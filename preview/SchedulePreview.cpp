@@ -202,10 +202,10 @@ class SunlessDays {
             w.Record = i;
             w.Pair = p;
             w.At = run.first;
-            const std::string days = run.days == 1 ? "on " + DateText(run.first)
-                                                   : "on " + std::to_string(run.days) +
-                                                         " days from " + DateText(run.first) +
-                                                         " to " + DateText(run.last);
+            const std::string days = run.days == 1
+                                         ? "on " + DateText(run.first)
+                                         : "on " + std::to_string(run.days) + " days from " +
+                                               DateText(run.first) + " to " + DateText(run.last);
             w.Text = PreviewRelayLabel(schedule, i) + ": time pair " +
                      PairLabel(schedule.frmRelay, PairIndex(i, p)) + " does not switch " + days +
                      ": " + why;

@@ -52,7 +52,8 @@ int BlankFieldsEntryWouldRefuse(System& s, const std::string& fileName) {
                 }
                 // Field entry refuses an end that is not later than its start, where the order
                 // does not depend on the day.
-                if (PairIsSet(f, k) && SameDayOrder(f.StartTime[k], f.EndTime[k]).value_or(-1) >= 0) {
+                if (PairIsSet(f, k) &&
+                    SameDayOrder(f.StartTime[k], f.EndTime[k]).value_or(-1) >= 0) {
                     report("End Time " + pair, f.EndTime[k].Text(),
                            " (not later than the start " + Quoted(f.StartTime[k].Text()) + ")");
                     f.EndTime[k] = "";

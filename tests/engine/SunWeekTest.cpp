@@ -5,8 +5,8 @@
 #include <fstream>
 #include <vector>
 
-#include "core/SunTimes.h"
 #include "core/DateTimeText.h"
+#include "core/SunTimes.h"
 #include "core/Timeline.h"
 #include "engine/Tick.h"
 #include "logging/LogFileName.h"

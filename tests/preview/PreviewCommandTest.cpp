@@ -174,8 +174,8 @@ TEST(PreviewCommand, ComputesSunTimesForEachDayAtTheGivenOrStoredLocation) {
         int sunset;
     } days[] = {{"2026-06-21 00:00:00", 21 * 3600 + 33 * 60}, {"2026-12-21", 15 * 3600 + 54 * 60}};
     for (const auto& d : days) {
-        const Outcome o = f.Run({runFile, "--location", "52.52,13.405", "--from", d.from,
-                                 "--days", "1", "--csv", f.dir.File("sun.csv")});
+        const Outcome o = f.Run({runFile, "--location", "52.52,13.405", "--from", d.from, "--days",
+                                 "1", "--csv", f.dir.File("sun.csv")});
         ASSERT_EQ(o.status, PreviewExitOk) << o.err;
         const auto [on, off] = onOff("sun.csv");
         EXPECT_NEAR(on, d.sunset, 60) << d.from;
