@@ -18,8 +18,7 @@ int Seconds(const std::string& hms) {
 // Every place and date of the committed table, worked out independently of this code: the
 // phase must agree and each time lie within a minute, in the place's own zone.
 TEST(SunTimes, AgreeWithTheReferenceTableWithinAMinute) {
-    const std::string dir = std::string(__FILE__).substr(0, std::string(__FILE__).rfind('/'));
-    std::ifstream table(dir + "/data/SunReferenceTimes.csv");
+    std::ifstream table(VANTRELLION_TEST_DATA "/SunReferenceTimes.csv");
     ASSERT_TRUE(table) << "reference table missing";
     std::string line;
     int rows = 0, polar = 0;
