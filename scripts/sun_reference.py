@@ -16,25 +16,18 @@ import math
 from datetime import date, datetime, timedelta, timezone
 from zoneinfo import ZoneInfo
 
+# Each place with the equinoxes and solstices of 2026 and the two daylight-saving change days of
+# its zone in 2026 (Europe's for a zone without daylight saving).
+SEASONS = [date(2026, 3, 20), date(2026, 6, 21), date(2026, 9, 23), date(2026, 12, 21)]
+EUROPE = [date(2026, 3, 29), date(2026, 10, 25)]
 PLACES = [
-    ("Quito", -0.1807, -78.4678, "America/Guayaquil"),
-    ("Singapore", 1.3521, 103.8198, "Asia/Singapore"),
-    ("New York", 40.7128, -74.0060, "America/New_York"),
-    ("Berlin", 52.52, 13.405, "Europe/Berlin"),
-    ("Tromso", 69.6492, 18.9553, "Europe/Oslo"),
-    ("Sydney", -33.8688, 151.2093, "Australia/Sydney"),
-    ("Cape Town", -33.9249, 18.4241, "Africa/Johannesburg"),
-    ("Ushuaia", -54.8019, -68.3030, "America/Argentina/Ushuaia"),
-    ("Syowa", -69.0044, 39.5814, "Antarctica/Syowa"),
-]
-
-# Equinoxes and solstices of 2026, and the daylight-saving change days of Europe, the United
-# States and south-east Australia in 2026.
-DATES = [
-    date(2026, 3, 20), date(2026, 6, 21), date(2026, 9, 23), date(2026, 12, 21),
-    date(2026, 3, 29), date(2026, 10, 25),
-    date(2026, 3, 8), date(2026, 11, 1),
-    date(2026, 4, 5), date(2026, 10, 4),
+    ("Quito", -0.1807, -78.4678, "America/Guayaquil", EUROPE),
+    ("New York", 40.7128, -74.0060, "America/New_York", [date(2026, 3, 8), date(2026, 11, 1)]),
+    ("Berlin", 52.52, 13.405, "Europe/Berlin", EUROPE),
+    ("Tromso", 69.6492, 18.9553, "Europe/Oslo", EUROPE),
+    ("Sydney", -33.8688, 151.2093, "Australia/Sydney", [date(2026, 4, 5), date(2026, 10, 4)]),
+    ("Ushuaia", -54.8019, -68.3030, "America/Argentina/Ushuaia", EUROPE),
+    ("Syowa", -69.0044, 39.5814, "Antarctica/Syowa", EUROPE),
 ]
 
 HORIZON = -0.833
@@ -109,8 +102,8 @@ def main():
     print("# local day for the instants the sun's centre crosses -0.833 degrees. A method")
     print("# independent of the program's NOAA hour-angle equations.")
     print("# place,latitude,longitude,zone,date,sunrise,sunset")
-    for name, lat, lon, zone in PLACES:
-        for d in sorted(DATES):
+    for name, lat, lon, zone, changes in PLACES:
+        for d in sorted(SEASONS + changes):
             rise, sett = events(d, lat, lon, zone)
             print(f"{name},{lat},{lon},{zone},{d.isoformat()},{rise},{sett}")
 

@@ -22,8 +22,6 @@ class ZoneScope {
             unsetenv("TZ");
         tzset();
     }
-    ZoneScope(const ZoneScope&) = delete;
-    ZoneScope& operator=(const ZoneScope&) = delete;
 
   private:
     std::optional<std::string> old_;
