@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "configuration/ConfigurationValueNames.h"
+#include "configuration/MachineLocation.h"
 #include "configuration/ProgramLocation.h"
 #include "configuration/VersionShape.h"
 #include "configuration/clsConfiguration.h"
@@ -108,6 +109,10 @@ void ConfigurationLoadFromReg(System& s) {
         for (int r = 0; r < RelaysPerBoard; ++r)
             board.RelayName[r] = Read(s, RelayNameValueName(b, r));
     }
+
+    // The location for sun times; a store without it is a machine without one, told only
+    // where a sun time is used.
+    LoadMachineLocation(s);
 }
 
 }  // namespace vantrellion

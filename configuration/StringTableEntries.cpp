@@ -6,7 +6,7 @@ namespace vantrellion {
 
 namespace {
 
-constexpr std::array<StringEntry, 139> kEntries{{
+constexpr std::array<StringEntry, 140> kEntries{{
     // Headings of the id ranges; nothing reads them.
     {101, "FV.2001.02.29"},
     {102, "String Resources"},
@@ -30,6 +30,9 @@ constexpr std::array<StringEntry, 139> kEntries{{
     {230, "Selected Days of week: 1=Sun,2=Mon,3=Tue,4=Wed,5=Thur,6=Fri,7=Sat "},
     {235, "End Time"},
     {240, "Start Time"},
+    {242,
+     "HH:MM:SS or HH:MM am/pm, or SR / SS (sunrise / sunset) with an optional +H:MM or "
+     "-H:MM, e.g. SS+0:30"},
     {245, "(E)ven,(O)dd,(D)ay,(H)our,(M)inute,(S)econd, TH, MH, BH, ## Cyclic Minutes"},
     {250, "Total Time ON or Method ON"},
     {255, "\"STOP\" and RESET this relay, (overrides ALL other settings)"},

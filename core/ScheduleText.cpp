@@ -1,5 +1,6 @@
 #include "core/ScheduleText.h"
 
+#include <algorithm>
 #include <cctype>
 #include <ostream>
 
@@ -103,6 +104,10 @@ int ReadTimeOfDay(std::string_view text) {
     return hour * 3600 + minute * 60 + second;
 }
 
+bool Upper(char c, char want) {
+    return c == want || c == want - 'A' + 'a';
+}
+
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
@@ -151,6 +156,39 @@ std::optional<int> ParseTimeOfDay(std::string_view text) {
     const int t = ReadTimeOfDay(text);
     if (t == NotATime) return std::nullopt;
     return t;
+}
+
+std::optional<SunTime> ParseSunTime(std::string_view text) {
+    std::string_view t(text);
+    SkipBlanks(t);
+    while (!t.empty() && t.back() == ' ')
+        t.remove_suffix(1);
+    if (t.size() < 2 || !Upper(t[0], 'S')) return std::nullopt;
+    SunTime result;
+    if (Upper(t[1], 'R'))
+        result.Event = SunEvent::Sunrise;
+    else if (Upper(t[1], 'S'))
+        result.Event = SunEvent::Sunset;
+    else
+        return std::nullopt;
+    t.remove_prefix(2);
+    if (t.empty()) return result;
+    const bool negative = t.front() == '-';
+    if (!negative && t.front() != '+') return std::nullopt;
+    t.remove_prefix(1);
+    int hours = 0, minutes = 0;
+    if (!ReadNumber(t, 1, 2, hours) || t.empty() || t.front() != ':') return std::nullopt;
+    t.remove_prefix(1);
+    if (!ReadNumber(t, 2, 2, minutes) || !t.empty()) return std::nullopt;
+    if (hours > 23 || minutes > 59) return std::nullopt;
+    result.Offset = (hours * 3600 + minutes * 60) * (negative ? -1 : 1);
+    return result;
+}
+
+std::optional<int> SunTimeOnDay(const SunTime& t, const SunDay& day) {
+    if (day.Phase != SunPhase::RisesAndSets) return std::nullopt;
+    const int event = t.Event == SunEvent::Sunrise ? day.Sunrise : day.Sunset;
+    return std::clamp(event + t.Offset, 0, 86399);
 }
 
 // A code is numeric when it reads as a plain decimal number: blanks (space or tab) around it
@@ -215,8 +253,28 @@ TimeField& TimeField::Set(std::string text) {
     } else {
         const int t = ReadTimeOfDay(text_);
         value_ = t == NotATime ? Unreadable : t;
+        if (t == NotATime) {
+            if (const auto sun = ParseSunTime(text_)) {
+                value_ = SunRelative;
+                sun_ = *sun;
+            }
+        }
     }
     return *this;
+}
+
+std::optional<int32_t> TimeField::SecondsOn(const SunDay* sun) const {
+    if (!IsSunTime()) return SecondsOrFail();
+    if (!sun) return std::nullopt;
+    return SunTimeOnDay(sun_, *sun);
+}
+
+std::optional<int> SameDayOrder(const TimeField& start, const TimeField& end) {
+    auto sign = [](int a, int b) { return a < b ? -1 : a > b ? 1 : 0; };
+    if (start.IsReadable() && end.IsReadable()) return sign(start.Value(), end.Value());
+    if (start.IsSunTime() && end.IsSunTime() && start.Sun().Event == end.Sun().Event)
+        return sign(start.Sun().Offset, end.Sun().Offset);
+    return std::nullopt;
 }
 
 int32_t TimeField::SecondsOrFail() const {

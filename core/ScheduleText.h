@@ -10,12 +10,30 @@
 #include <string>
 #include <string_view>
 
+#include "core/SunTimes.h"
+
 namespace vantrellion {
 
 // Seconds since midnight of a time text: "HH:MM:SS", "HH:MM", "H:MM", "H:MM:SS", each
 // optionally followed by "am" or "pm" (with or without a blank, either case). Nothing when the
 // text is not a time of day.
 std::optional<int> ParseTimeOfDay(std::string_view text);
+
+// A time relative to the sun: "SR" (sunrise) or "SS" (sunset), either case, optionally followed
+// by a signed offset "+H:MM" or "-H:MM" (hours 0 to 23, minutes 00 to 59), e.g. "SS+0:30",
+// "sr-1:15". Blanks around the text are accepted, as for a clock time.
+enum class SunEvent : uint8_t { Sunrise, Sunset };
+struct SunTime {
+    SunEvent Event = SunEvent::Sunrise;
+    int Offset = 0;  // seconds, signed
+    bool operator==(const SunTime&) const = default;
+};
+std::optional<SunTime> ParseSunTime(std::string_view text);
+
+// The time of day of a sun time on a day whose sun is `day`: the event plus the offset, held
+// to the same day, so that an offset past midnight gives 00:00:00 or 23:59:59. Nothing when
+// the sun does not rise or set that day.
+std::optional<int> SunTimeOnDay(const SunTime& t, const SunDay& day);
 
 // True when a code or days text reads as a plain decimal number ("## Cyclic Minutes"): blanks
 // around it, an optional sign, digits with at most one decimal point, at least one digit.
@@ -39,8 +57,9 @@ std::string TimeEntryForm(std::string_view text);
 // A start or end time of a pair.
 class TimeField {
   public:
-    static constexpr int32_t Blank = -1;       // "" or " ": no time
-    static constexpr int32_t Unreadable = -2;  // a text that is no time of day
+    static constexpr int32_t Blank = -1;        // "" or " ": no time
+    static constexpr int32_t Unreadable = -2;   // a text that is no time of day
+    static constexpr int32_t SunRelative = -3;  // sunrise or sunset with an offset: Sun()
 
     TimeField() = default;
     TimeField(std::string text) { Set(std::move(text)); }
@@ -51,11 +70,20 @@ class TimeField {
     const std::string& Text() const { return text_; }
     operator const std::string&() const { return text_; }
     bool IsBlank() const { return value_ == Blank; }
+    // A clock time: Value() holds its seconds.
     bool IsReadable() const { return value_ >= 0; }
-    // Seconds since midnight, Blank or Unreadable.
+    bool IsSunTime() const { return value_ == SunRelative; }
+    // A time that field entry takes: a clock time or a sun time.
+    bool IsTime() const { return IsReadable() || IsSunTime(); }
+    const SunTime& Sun() const { return sun_; }
+    // Seconds since midnight, Blank, Unreadable or SunRelative.
     int32_t Value() const { return value_; }
-    // The engine's reading: a set text that is no time ends the program ("Type mismatch").
+    // The engine's reading of a clock time: a set text that is no time ends the program
+    // ("Type mismatch"). A sun time is read through SecondsOn.
     int32_t SecondsOrFail() const;
+    // The time of day on a day whose sun is `sun` (null: no location known). Nothing for a
+    // sun time without a location or on a day without that event; a clock time ignores `sun`.
+    std::optional<int32_t> SecondsOn(const SunDay* sun) const;
 
     bool operator==(const TimeField& other) const { return text_ == other.text_; }
     bool operator==(const std::string& text) const { return text_ == text; }
@@ -65,7 +93,13 @@ class TimeField {
     TimeField& Set(std::string text);
     std::string text_;
     int32_t value_ = Blank;
+    SunTime sun_;
 };
+
+// Whether the start of a pair comes before its end on every day: both clock times, or both
+// relative to the same sun event. -1, 0 or 1 as start is earlier, equal or later; nothing when
+// the order depends on the day (a clock time against a sun time, sunrise against sunset).
+std::optional<int> SameDayOrder(const TimeField& start, const TimeField& end);
 
 // The rule that a relay's even/odd code selects.
 enum class CodeRule : uint8_t {

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,15 @@ struct RelayRecord {
     int16_t InputState = 0;  // 0 off, 1 on, 9 not read yet
 };
 
+// The sun of one day for a relay's sun times: worked out at the first evaluation of the day
+// that needs it, and again when the day or the machine's location changes.
+struct RelaySun {
+    int Year = 0, Month = 0, Day = 0;  // the day it stands for; Year 0 before the first
+    std::optional<GeoLocation> Place;  // the location it was worked out for
+    SunDay Sun;
+    bool Told = false;  // the log has said this day why a sun pair of the relay does not switch
+};
+
 struct BoardRecord {
     std::string ChipSetType;
     int16_t BaseAddress = 0;
@@ -70,6 +80,9 @@ struct ModRelay {
           ColorNameBkgrnd = 0;
     std::array<Color, 8> ColorRelayGroup{};
     std::array<BoardRecord, BoardSlots> Board;
+    // The machine's location for sunrise and sunset (store values Latitude and Longitude);
+    // nothing until both are set.
+    std::optional<GeoLocation> Location;
 };
 
 // The members of the main screen frmRelay that the core works on.
@@ -78,6 +91,7 @@ struct FrmRelay {
     std::array<TimeField, PairSlots> StartTime;
     std::array<TimeField, PairSlots> EndTime;
     std::array<Flag, PairSlots> PairActive{};
+    std::array<RelaySun, RelaySlots> SunOfDay;
     std::array<uint8_t, LastBoard + 1> EmulatedPort{};
     uint8_t EmulatedOtherPort = 0;
 

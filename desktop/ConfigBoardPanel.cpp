@@ -127,6 +127,21 @@ ConfigBoardPanel::ConfigBoardPanel(QWidget* parent) : QWidget(parent) {
             "the list holds the boards found on this machine");
         grid->addWidget(cmbConnection[b], row, 1 + b);
     }
+    ++row;
+    lblLocation = Label(this, "lblLocation", "Latitude, Longitude");
+    grid->addWidget(lblLocation, row, 0);
+    txtLatitude = new QLineEdit(this);
+    txtLatitude->setObjectName("txtLatitude");
+    txtLatitude->setToolTip(
+        "Latitude of this machine in degrees, -90 to 90, north positive (e.g. 52.52): for "
+        "sunrise (SR) and sunset (SS) times");
+    grid->addWidget(txtLatitude, row, 1);
+    txtLongitude = new QLineEdit(this);
+    txtLongitude->setObjectName("txtLongitude");
+    txtLongitude->setToolTip(
+        "Longitude of this machine in degrees, -180 to 180, east positive (e.g. 13.405): for "
+        "sunrise (SR) and sunset (SS) times");
+    grid->addWidget(txtLongitude, row, 2);
 }
 
 QComboBox* ConfigBoardPanel::AddressComboBox(AddressBox box, int board) const {

@@ -1,5 +1,6 @@
 // The board part of the configuration screens: one column per board (the columns of boards 2
-// to 4 present but disabled), the relay names, the log directory and the overlap warning.
+// to 4 present but disabled), the relay names, the log directory, the overlap warning, the
+// boards' connections and the machine's location.
 // It only builds and names the controls; the window that holds it handles their events.
 #pragma once
 
@@ -33,6 +34,9 @@ class ConfigBoardPanel : public QWidget {
     // The board's connection text, with the boards found on this machine in its list.
     QLabel* lblConnection;
     std::array<QComboBox*, BoardSlots> cmbConnection{};
+    // The machine's location for sunrise and sunset times, in degrees.
+    QLabel* lblLocation;
+    QLineEdit *txtLatitude, *txtLongitude;
 
     QComboBox* AddressComboBox(AddressBox box, int board) const;
 

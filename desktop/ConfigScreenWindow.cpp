@@ -123,6 +123,7 @@ ConfigScreenWindow::ConfigScreenWindow(System& s, ConfigScreenKind kind, ColorCh
     WireConfigScreenHelpAndPrint(s_, *this);
     Load();
     LoadConnections();
+    LoadLocation();
 }
 
 ConfigScreenWindow::~ConfigScreenWindow() = default;
@@ -463,6 +464,7 @@ void ConfigScreenWindow::Save() {
     Run([this] {
         cmdSave_Click(s_, f_);
         SaveConnections();
+        SaveLocation();
     });
 }
 
@@ -503,6 +505,37 @@ void ConfigScreenWindow::SaveConnections() {
     }
 }
 
+void ConfigScreenWindow::LoadLocation() {
+    if (!Boards) return;
+    shownLocation_ = StoredLocationTexts(s_);
+    ShowText(Boards->txtLatitude, shownLocation_.Latitude);
+    ShowText(Boards->txtLongitude, shownLocation_.Longitude);
+    for (QLineEdit* e : {Boards->txtLatitude, Boards->txtLongitude}) {
+        connect(e, &QLineEdit::textEdited, this, [this] {
+            f_.FormChanged = True;
+            f_.SaveEnabled = true;
+            ShowModel();
+        });
+    }
+}
+
+// The location is stored when the user changed it; texts that cannot be used are told, stay
+// on the screen for correcting and keep the screen's changes unsaved.
+void ConfigScreenWindow::SaveLocation() {
+    if (!Boards) return;
+    const LocationTexts texts{S(Boards->txtLatitude->text().trimmed()),
+                              S(Boards->txtLongitude->text().trimmed())};
+    if (texts.Latitude == shownLocation_.Latitude && texts.Longitude == shownLocation_.Longitude)
+        return;
+    const KeyValueStore::UserChange byUser(s_.platform.store);
+    if (SaveMachineLocation(s_, texts)) {
+        shownLocation_ = texts;
+    } else {
+        f_.FormChanged = True;
+        f_.SaveEnabled = true;
+    }
+}
+
 void ConfigScreenWindow::CancelChanges() {
     Run([this] {
         DesktopConfigurationScreens screens(s_, chooser_);
@@ -531,7 +564,10 @@ void ConfigScreenWindow::closeEvent(QCloseEvent* event) {
     bool stop = false;
     RunCommand(s_, [&] {
         PullTexts();
-        stop = ConfigForm_QueryUnload(s_, f_, [this] { SaveConnections(); });
+        stop = ConfigForm_QueryUnload(s_, f_, [this] {
+            SaveConnections();
+            SaveLocation();
+        });
     });
     if (stop) {
         event->ignore();

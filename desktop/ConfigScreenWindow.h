@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 
+#include "configuration/MachineLocation.h"
 #include "configuration/screens/ConfigScreen.h"
 #include "desktop/ColorChooser.h"
 #include "desktop/ConfigBoardPanel.h"
@@ -79,10 +80,13 @@ class ConfigScreenWindow : public QDialog {
     // Save when the user changed them.
     void LoadConnections();
     void SaveConnections();
+    void LoadLocation();
+    void SaveLocation();
 
     System& s_;
     ConfigScreen f_;
     std::array<std::string, BoardSlots> shownConnection_;
+    LocationTexts shownLocation_;
     std::unique_ptr<ColorChooser> ownChooser_;
     ColorChooser* chooser_;
     QMenuBar* menuBar_;

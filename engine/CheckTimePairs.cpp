@@ -1,6 +1,7 @@
 #include "engine/CheckTimePairs.h"
 
 #include "core/FatalError.h"
+#include "engine/PairTimes.h"
 
 namespace vantrellion {
 
@@ -15,11 +16,12 @@ void SwitchPairOn(System& s, int i, int k) {
     s.frmRelay.PairActive[k] = True;
 }
 
+// The pair's times on the present day: a sun time as worked out for the day.
 int StartOf(System& s, int k) {
-    return s.frmRelay.StartTime[k].SecondsOrFail();
+    return KnownStart(s, k);
 }
 int EndOf(System& s, int k) {
-    return s.frmRelay.EndTime[k].SecondsOrFail();
+    return KnownEnd(s, k);
 }
 
 int HourOf(int t) {
@@ -239,6 +241,9 @@ void CheckTimePairs(System& s) {
                 const int k = PairIndex(i, p);
                 f.PairActive[k] = False;
                 if (!PairIsSet(f, k)) continue;
+                // A sun time without a time today (no location, polar day or night) keeps
+                // the pair off; the log says why once a day.
+                if (!PairTimesKnown(s, i, k, present, true)) continue;
                 CheckPair(s, rule, i, k, p, firstPair, now, weekday, tick);
             }
         }

@@ -4,16 +4,27 @@
 
 #include "core/FatalError.h"
 #include "engine/CheckTimePairs.h"
+#include "engine/PairTimes.h"
 
 namespace vantrellion {
 
 namespace {
 
+// A sun time counts with today's sun, as RefreshRowTotal has worked it out.
 int StartOf(System& s, int k) {
-    return s.frmRelay.StartTime[k].SecondsOrFail();
+    return KnownStart(s, k);
 }
 int EndOf(System& s, int k) {
-    return s.frmRelay.EndTime[k].SecondsOrFail();
+    return KnownEnd(s, k);
+}
+
+// Whether the pair's times are known today: a pair of clock times always is; a sun time needs
+// the clock and the location, and a day on which the sun rises and sets.
+bool KnownToday(System& s, int k) {
+    const FrmRelay& f = s.frmRelay;
+    if (!f.StartTime[k].IsSunTime() && !f.EndTime[k].IsSunTime()) return true;
+    if (!s.platform.clock) return false;
+    return PairTimesKnown(s, k / PairsPerRelay, k, s.clock().Now(), false);
 }
 
 // The hour, minute and second of a pair's start or end.
@@ -153,7 +164,7 @@ void RefreshRowTotal(System& s, int k) {
 
     int32_t total = 0;
     for (int q = first; q <= first + LastTimePair; ++q) {
-        if (!PairIsSet(s.frmRelay, q)) continue;
+        if (!PairIsSet(s.frmRelay, q) || !KnownToday(s, q)) continue;
         const int p = q - first;
         int32_t seconds;
         if (rule == CodeRule::EvenOddHour || rule == CodeRule::EvenOddMinute ||

@@ -33,10 +33,20 @@ int ToolTipStringId(Control c) {
     }
 }
 
+namespace {
+
+// The forms a start or end time takes, sun times included, told after the field's name.
+constexpr int TimeFormsStringId = 242;
+
+}  // namespace
+
 std::string LazyToolTip(Control c, const std::string& present) {
     if (!present.empty()) return present;
     const int id = ToolTipStringId(c);
-    return id == 0 ? present : StringTableText(id);
+    if (id == 0) return present;
+    if (c == Control::txtStartTime || c == Control::txtEndTime)
+        return StringTableText(id) + ": " + StringTableText(TimeFormsStringId);
+    return StringTableText(id);
 }
 
 }  // namespace vantrellion

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "configuration/MachineLocation.h"
 #include "core/TextEncoding.h"
 #include "engine/CheckTimePairs.h"
 #include "engine/RowTotals.h"
@@ -47,6 +48,26 @@ void ShowStartTimeRequired(System& s) {
                      "Unable to Create Restart File!");
 }
 
+// A text that starts as a sun time gets the sun forms; any other the clock forms.
+std::string BadTimeMessage(const std::string& text) {
+    const size_t first = text.find_first_not_of(' ');
+    if (first != std::string::npos && (text[first] == 'S' || text[first] == 's'))
+        return "Sun Time Entered is NOT a valid Time, please re-enter\r\n\r\n"
+               "Format is SR or SS (sunrise, sunset), optionally with +H:MM or -H:MM";
+    return "Time Entered is NOT a valid Time, please re-enter\r\n\r\n"
+           "Format is HH:MM:SS or HH:MM am/pm (:SS is optional)";
+}
+
+// A sun time is kept without a location (the schedule may be made for another machine), but
+// it does not switch until one is set.
+void ShowLocationNeeded(System& s) {
+    ShowEntryMessage(s,
+                     std::string("Sunrise and sunset times need the location of this machine.\r\n"
+                                 "Set ") +
+                         LocationPlace + ".\r\nUntil then this time pair does not switch.",
+                     "Location Needed");
+}
+
 // The two validators of a time-pair share every step; the end side adds the warning for a
 // missing start time.
 bool ValidateTime(System& s, Control field, int k, std::string& text) {
@@ -61,21 +82,19 @@ bool ValidateTime(System& s, Control field, int k, std::string& text) {
         own = "";
     } else {
         ReplaceFieldText(s, field, k, text, TimeEntryForm(text));
-        const std::optional<int> entered = ParseTimeOfDay(text);
-        if (!entered)
-            return Reject(s,
-                          "Time Entered is NOT a valid Time, please re-enter\r\n\r\n"
-                          "Format is HH:MM:SS or HH:MM am/pm (:SS is optional)");
+        const TimeField entered(text);
+        if (!entered.IsTime()) return Reject(s, BadTimeMessage(text));
         // A warning only: the end time is kept, and the pair stays unset until it has a start.
         if (!isStart && other.IsBlank()) ShowStartTimeRequired(s);
         if (!other.IsBlank()) {
-            // The other side passed this check when it was entered or loaded.
-            const int otherTime = other.SecondsOrFail();
-            const int start = isStart ? *entered : otherTime;
-            const int end = isStart ? otherTime : *entered;
-            if (start == end) return Reject(s, "ON time same as OFF");
-            if (start > end) return Reject(s, "ON time must be earlier then OFF time");
+            // Compared where the order does not depend on the day: two clock times, or two
+            // times from the same sun event.
+            const auto order =
+                isStart ? SameDayOrder(entered, other) : SameDayOrder(other, entered);
+            if (order == 0) return Reject(s, "ON time same as OFF");
+            if (order == 1) return Reject(s, "ON time must be earlier then OFF time");
         }
+        if (entered.IsSunTime() && !s.modRelay.Location) ShowLocationNeeded(s);
         own = text;
     }
     if (CheckTimePairOverlap(s, k) && s.modRelay.WarnOverLapTime != 0)

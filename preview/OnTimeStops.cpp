@@ -17,23 +17,34 @@ LocalSeconds FloorDay(LocalSeconds t) {
 // Whether relay i's schedule can switch it on in [from, to), a part of one day: an inverted
 // relay always can; else a set pair whose time lies in that part must be checked on that day
 // (the days of the week as the engine reads them, the even/odd day, the weekend hold).
-bool CanBeOn(const FrmRelay& f, int i, LocalSeconds from, LocalSeconds to) {
+bool CanBeOn(const ScheduleSnapshot& schedule, int i, LocalSeconds from, LocalSeconds to) {
+    const FrmRelay& f = schedule.frmRelay;
     const RelayRecord& rec = f.Relay[i];
     if (rec.Invert != 0) return true;
     const DateTime date = FromLocalSeconds(from);
     if (!f.Relay[i % RelaysPerBoard].DaysOfWeek.Matches(date.Weekday)) return false;
     const LocalSeconds midnight = FloorDay(from);
-    const LocalSeconds first = from - midnight, end = to - midnight;
+    const LocalSeconds first = from - midnight, last = to - midnight;
     const CodeRule rule = rec.DayHrEvenOdd.Rule();
+    // A sun time counts with that day's sun, worked out only when a pair needs it.
+    const std::optional<GeoLocation>& place = schedule.modRelay.Location;
+    std::optional<SunDay> sun;
+    const auto timeOf = [&](const TimeField& t) -> std::optional<int> {
+        if (t.IsReadable()) return t.Value();
+        if (!t.IsSunTime() || !place) return std::nullopt;
+        if (!sun) sun = SunTimesFor(date.Year, date.Month, date.Day, *place);
+        return SunTimeOnDay(t.Sun(), *sun);
+    };
     for (int p = 0; p <= LastTimePair; ++p) {
         const int k = PairIndex(i, p);
-        if (!f.StartTime[k].IsReadable() || !f.EndTime[k].IsReadable()) continue;
+        const auto start = timeOf(f.StartTime[k]), end = timeOf(f.EndTime[k]);
+        if (!start || !end) continue;
         if (rule == CodeRule::EvenOddDay && (date.Day % 2 == 0) != rec.DayHrEvenOdd.Even())
             continue;
         if (rule == CodeRule::Weekend && p == 0 && rec.DayHrEvenOdd.HeldOn(date.Weekday)) continue;
         // A pair is on strictly between its start and its end.
-        const LocalSeconds onFrom = std::max<LocalSeconds>(f.StartTime[k].Value() + 1, first);
-        const LocalSeconds onTo = std::min<LocalSeconds>(f.EndTime[k].Value(), end);
+        const LocalSeconds onFrom = std::max<LocalSeconds>(*start + 1, first);
+        const LocalSeconds onTo = std::min<LocalSeconds>(*end, last);
         if (onFrom < onTo) return true;
     }
     return false;
@@ -53,7 +64,7 @@ void AddOnTimeStopWarnings(const ScheduleSnapshot& schedule, PreviewResult& resu
         for (size_t d = 0; d < days && d < r.OnSecondsPerDay.size(); ++d) {
             const LocalSeconds end = d + 1 < days ? result.DayStarts[d + 1] : result.Range.To;
             if (end > known) break;
-            if (r.OnSecondsPerDay[d] > 0 || CanBeOn(f, r.Record, result.DayStarts[d], end))
+            if (r.OnSecondsPerDay[d] > 0 || CanBeOn(schedule, r.Record, result.DayStarts[d], end))
                 counted.push_back(d);
         }
         const auto lastOn = std::find_if(counted.rbegin(), counted.rend(),

@@ -75,12 +75,22 @@ bool WriteText(const std::string& path, const std::string& text) {
     return static_cast<bool>(f);
 }
 
+// "LAT,LON" in decimal degrees.
+std::optional<GeoLocation> ParseLocation(const std::string& text) {
+    const size_t comma = text.find(',');
+    if (comma == std::string::npos) return std::nullopt;
+    const auto lat = ParseDegrees(text.substr(0, comma), MaxLatitude);
+    const auto lon = ParseDegrees(text.substr(comma + 1), MaxLongitude);
+    if (!lat || !lon) return std::nullopt;
+    return GeoLocation{*lat, *lon};
+}
+
 }  // namespace
 
 std::string PreviewUsage() {
     return std::string("usage: ") + Program +
-           " RUNFILE [--from \"YYYY-MM-DD HH:MM:SS\"] [--days N] [--csv FILE] [--svg FILE] "
-           "[--png FILE]\n"
+           " RUNFILE [--from \"YYYY-MM-DD HH:MM:SS\"] [--days N] [--location LAT,LON]\n"
+           "       [--csv FILE] [--svg FILE] [--png FILE]\n"
            "  Shows what the relays of the schedule in RUNFILE will do, worked out second by "
            "second\n"
            "  by the program's own engine: the on-time of each relay per day, and warnings.\n"
@@ -90,6 +100,8 @@ std::string PreviewUsage() {
            "  --days   the number of days, 1 to " +
            std::to_string(PreviewMaxDays) +
            " (default: 7)\n"
+           "  --location  latitude and longitude in degrees, north and east positive, for\n"
+           "           sunrise and sunset times, e.g. 52.52,13.405 (default: the configuration's)\n"
            "  --csv    write every switch time as CSV\n"
            "  --svg, --png   write the timeline as a picture\n"
            "  --version      print the version and end\n"
@@ -113,7 +125,8 @@ ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
             o.Version = true;
             return parsed;
         }
-        if (a == "--from" || a == "--days" || a == "--csv" || a == "--svg" || a == "--png") {
+        if (a == "--from" || a == "--days" || a == "--location" || a == "--csv" || a == "--svg" ||
+            a == "--png") {
             if (n + 1 >= args.size()) return fail("option " + a + " needs a value");
             const std::string& v = args[++n];
             if (a == "--from") {
@@ -129,6 +142,12 @@ ParsedPreviewOptions ParsePreviewOptions(const std::vector<std::string>& args) {
                                 std::to_string(PreviewMaxDays));
                 }
                 o.Days = days;
+            } else if (a == "--location") {
+                o.Location = ParseLocation(v);
+                if (!o.Location)
+                    return fail("bad location \"" + v +
+                                "\" for --location: give LAT,LON in degrees, latitude -90 to 90 "
+                                "and longitude -180 to 180");
             } else {
                 if (v.empty()) return fail("option " + a + " needs a file name");
                 (a == "--csv"   ? o.Csv
@@ -188,6 +207,8 @@ int RunPreviewCommand(const std::vector<std::string>& args, const PreviewEnviron
         ConfigurationLoadFromReg(s);
         s.platform.store = nullptr;
     }
+
+    if (o.Location) s.modRelay.Location = o.Location;
 
     ResetRelayRecords(s);
     const size_t slash = o.RunFile.rfind('/');

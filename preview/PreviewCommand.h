@@ -1,6 +1,7 @@
 // The command-line preview: vantrellion-preview RUNFILE [--from "YYYY-MM-DD HH:MM:SS"]
-// [--days N] [--csv FILE] [--svg FILE] [--png FILE]. It reads the Run File, takes relay names
-// and colours from the configuration store when there is one, prints the on-time of each day
+// [--days N] [--location LAT,LON] [--csv FILE] [--svg FILE] [--png FILE]. It reads the Run
+// File, takes relay names, colours and the location for sun times from the configuration store
+// when there is one (--location stands in for the store's), prints the on-time of each day
 // and writes the switch times and the pictures asked for.
 #pragma once
 
@@ -10,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "core/SunTimes.h"
 #include "core/Timeline.h"
 
 namespace vantrellion {
@@ -24,6 +26,7 @@ struct PreviewOptions {
     std::string RunFile;
     std::optional<LocalSeconds> From;  // now when not given
     int Days = 7;
+    std::optional<GeoLocation> Location;  // the store's when not given
     std::string Csv, Svg, Png;
     bool Help = false;
     bool Version = false;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <map>
 #include <set>
 
 #include "boardio/PortAccess.h"
@@ -10,6 +11,7 @@
 #include "core/NullRowDisplay.h"
 #include "core/RelayColumns.h"
 #include "engine/CheckTimePairs.h"
+#include "engine/PairTimes.h"
 #include "engine/RelayStates.h"
 #include "preview/OnTimeStops.h"
 
@@ -163,6 +165,70 @@ void AddOverlapWarnings(const ScheduleSnapshot& schedule, PreviewResult& result)
     }
 }
 
+// The days on which pairs with a sun time get no time, gathered day by day, told as one warning
+// per pair and cause.
+class SunlessDays {
+  public:
+    // Looks at every pair with a sun time that the engine would check on `date` (day d).
+    void Look(System& sim, const DateTime& date, LocalSeconds dayStart) {
+        const FrmRelay& f = sim.frmRelay;
+        for (int i = 0; i < DrivenRelays; ++i) {
+            const RelayRecord& rec = f.Relay[i];
+            if (rec.HardStop != 0 || rec.Manual != 0) continue;
+            if (!DaysOfWeekMatch(sim, i % RelaysPerBoard, date.Weekday)) continue;
+            for (int p = 0; p <= LastTimePair; ++p) {
+                const int k = PairIndex(i, p);
+                if (!PairIsSet(f, k) || Known(sim, i, k, date)) continue;
+                const RelaySun& kept = f.SunOfDay[i];
+                const std::string why = kept.Place ? SunPhaseReason(kept.Sun.Phase)
+                                                   : "no location is set for sunrise and sunset";
+                Run& run = runs_[{i, p, why}];
+                if (run.days == 0) run.first = dayStart;
+                run.last = dayStart;
+                ++run.days;
+            }
+        }
+    }
+    // Whether a pair was found without a time on some day: that says why it never switched on.
+    bool Explains(int i, int p) const {
+        const auto it = runs_.lower_bound({i, p, ""});
+        return it != runs_.end() && std::get<0>(it->first) == i && std::get<1>(it->first) == p;
+    }
+    void Tell(const ScheduleSnapshot& schedule, PreviewResult& result) const {
+        for (const auto& [key, run] : runs_) {
+            const auto& [i, p, why] = key;
+            PreviewWarning w;
+            w.Kind = PreviewWarningKind::SunGivesNoTime;
+            w.Record = i;
+            w.Pair = p;
+            w.At = run.first;
+            const std::string days = run.days == 1
+                                         ? "on " + DateText(run.first)
+                                         : "on " + std::to_string(run.days) + " days from " +
+                                               DateText(run.first) + " to " + DateText(run.last);
+            w.Text = PreviewRelayLabel(schedule, i) + ": time pair " +
+                     PairLabel(schedule.frmRelay, PairIndex(i, p)) + " does not switch " + days +
+                     ": " + why;
+            result.Warnings.push_back(w);
+        }
+    }
+
+  private:
+    // A clock time that cannot be read is left to the evaluation, which tells it as the end.
+    static bool Known(System& sim, int i, int k, const DateTime& date) {
+        try {
+            return PairTimesKnown(sim, i, k, date, false);
+        } catch (const FatalError&) {
+            return true;
+        }
+    }
+    struct Run {
+        LocalSeconds first = 0, last = 0;
+        int days = 0;
+    };
+    std::map<std::tuple<int, int, std::string>, Run> runs_;
+};
+
 }  // namespace
 
 ScheduleSnapshot TakeSnapshot(const System& s) {
@@ -225,6 +291,7 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
     size_t day = 0;
     LocalSeconds nextDay = result.DayStarts.empty() ? result.Range.To : FloorDay(request.From);
     const FrmRelay& f = sim.frmRelay;
+    SunlessDays sunless;
 
     LocalSeconds t = request.From;
     for (; t < result.Range.To; ++t) {
@@ -235,9 +302,10 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
                 result.Cancelled = true;
                 break;
             }
-            const int weekday = FromLocalSeconds(t).Weekday;
+            const DateTime date = FromLocalSeconds(t);
             for (int i = 0; i < DrivenRelays; ++i)
-                if (DaysOfWeekMatch(sim, i % RelaysPerBoard, weekday)) daysMatched[i] = true;
+                if (DaysOfWeekMatch(sim, i % RelaysPerBoard, date.Weekday)) daysMatched[i] = true;
+            sunless.Look(sim, date, FloorDay(t));
         } else if (cancel && (t - request.From) % 3600 == 0 &&
                    cancel->load(std::memory_order_relaxed)) {
             result.Cancelled = true;
@@ -311,6 +379,7 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
         for (int p = 0; p <= LastTimePair; ++p) {
             const int k = PairIndex(i, p);
             if (!PairIsSet(given, k) || everActive.test(static_cast<size_t>(k))) continue;
+            if (sunless.Explains(i, p)) continue;
             PreviewWarning w;
             w.Kind = PreviewWarningKind::PairNeverOn;
             w.Record = i;
@@ -321,6 +390,7 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             result.Warnings.push_back(w);
         }
     }
+    sunless.Tell(schedule, result);
     AddOnTimeStopWarnings(schedule, result);
     AddOverlapWarnings(schedule, result);
     return result;

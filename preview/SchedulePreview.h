@@ -58,6 +58,8 @@ enum class PreviewWarningKind {
     ProgramEnds,     // an evaluation would end the program
     MessageShown,    // an evaluation would show a message box and wait for the user
     OnTimeStops,     // a relay that was on gets no on-time any more from some day on
+    SunGivesNoTime,  // a pair with a sun time does not switch on some days: no location, or
+                     // the sun does not rise or set there
 };
 
 struct PreviewWarning {

@@ -5,9 +5,9 @@ namespace vantrellion {
 namespace {
 
 // A time text as field entry would store it: blank, or at most eight characters that read as
-// a time of day.
+// a time of day or a sun time.
 bool EntryWouldStore(const TimeField& t) {
-    return t.IsBlank() || (t.IsReadable() && TimeEntryForm(t.Text()) == t.Text());
+    return t.IsBlank() || (t.IsTime() && TimeEntryForm(t.Text()) == t.Text());
 }
 
 std::string Quoted(const std::string& text) {
@@ -50,8 +50,10 @@ int BlankFieldsEntryWouldRefuse(System& s, const std::string& fileName) {
                     report("End Time " + pair, f.EndTime[k].Text());
                     f.EndTime[k] = "";
                 }
-                // Field entry refuses an end that is not later than its start.
-                if (PairIsSet(f, k) && f.StartTime[k].Value() >= f.EndTime[k].Value()) {
+                // Field entry refuses an end that is not later than its start, where the order
+                // does not depend on the day.
+                if (PairIsSet(f, k) &&
+                    SameDayOrder(f.StartTime[k], f.EndTime[k]).value_or(-1) >= 0) {
                     report("End Time " + pair, f.EndTime[k].Text(),
                            " (not later than the start " + Quoted(f.StartTime[k].Text()) + ")");
                     f.EndTime[k] = "";

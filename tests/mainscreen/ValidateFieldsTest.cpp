@@ -123,6 +123,59 @@ TEST_F(ValidateFieldsTest, TimesAreReadWithTheEngineParserAndCutToEight) {
     }
 }
 
+// Every sun form is taken as typed and comes back from the restart file unchanged; the bad
+// ones get the sun forms' message. Without a location the entry stays, with a box that says
+// where to set it. Start and end are compared only where the order holds on every day.
+TEST_F(ValidateFieldsTest, SunTimesInEveryFormAreTakenAndBadOnesRefused) {
+    const char* good[] = {"SS", "sr", "Ss+0:30", "SR-1:15", "sS+23:59", "SS-0:05"};
+    const char* bad[] = {"SS+", "SR+25:00", "SQ", "SS+1", "SS+1:5", "SR-0:60", "SR 1:00", "S"};
+    t.mod().Location = GeoLocation{52.52, 13.405};
+    for (int p = 0; p < 6; ++p) {
+        std::string text = good[p];
+        EXPECT_TRUE(ValidateStartTime(t.s, PairIndex(1, p), text)) << good[p];
+    }
+    EXPECT_TRUE(t.messages.shown.empty());
+    TestSystem loaded;
+    ReadRestart(loaded);
+    for (int p = 0; p < 6; ++p)
+        EXPECT_EQ(loaded.frm().StartTime[PairIndex(1, p)], good[p]);
+    for (const char* typed : bad) {
+        RowSystem u(dir);
+        std::string text = typed;
+        EXPECT_FALSE(ValidateStartTime(u.s, 7, text)) << typed;
+        ExpectOneBox(u,
+                     "Sun Time Entered is NOT a valid Time, please re-enter\r\n\r\n"
+                     "Format is SR or SS (sunrise, sunset), optionally with +H:MM or -H:MM",
+                     "Entry Error");
+    }
+
+    struct Order {
+        const char *start, *end, *refusal;
+    } orders[] = {{"SS", "SS+1:00", nullptr},
+                  {"SR", "SS", nullptr},
+                  {"20:00", "SS+1:00", nullptr},
+                  {"SS", "ss", "ON time same as OFF"},
+                  {"SS+0:30", "SS", "ON time must be earlier then OFF time"}};
+    for (const Order& o : orders) {
+        RowSystem u(dir);
+        u.mod().Location = GeoLocation{52.52, 13.405};
+        u.frm().StartTime[3] = o.start;
+        std::string text = o.end;
+        EXPECT_EQ(ValidateEndTime(u.s, 3, text), o.refusal == nullptr) << o.end;
+        if (o.refusal) ExpectOneBox(u, o.refusal, "Entry Error");
+    }
+
+    RowSystem u(dir);
+    std::string text = "SS+0:30";
+    EXPECT_TRUE(ValidateStartTime(u.s, 2, text));
+    EXPECT_EQ(u.frm().StartTime[2], "SS+0:30");
+    ExpectOneBox(u,
+                 "Sunrise and sunset times need the location of this machine.\r\n"
+                 "Set Latitude and Longitude in the configuration screen (File, Configuration)."
+                 "\r\nUntil then this time pair does not switch.",
+                 "Location Needed");
+}
+
 TEST_F(ValidateFieldsTest, StartAndEndAreComparedAsTimesNotAsTexts) {
     struct Case {
         bool startSide;

@@ -5,12 +5,14 @@
 #include <sstream>
 
 #include "configuration/KeyValueStore.h"
+#include "configuration/MachineLocation.h"
 #include "configuration/clsConfiguration.h"
 #include "preview/PreviewCommand.h"
 #include "preview/PreviewReport.h"
 #include "runfile/RunFileSave.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
+#include "support/ZoneScope.h"
 
 namespace vantrellion::test {
 namespace {
@@ -141,6 +143,67 @@ TEST(PreviewCommand, SaysWhatIsWrongWithAFileAddsExtensionsAndRefusesOneFileTwic
     EXPECT_EQ(
         o.err.substr(0, o.err.find('\n')),
         "vantrellion-preview: --csv and --png name the same file \"" + f.dir.File("a.png") + "\"");
+}
+
+// Sun times day by day: relay 1 on at sunset and off an hour later in Berlin, at the location
+// given on the command line or else the store's; a polar day is told as the reason it is off.
+TEST(PreviewCommand, ComputesSunTimesForEachDayAtTheGivenOrStoredLocation) {
+    const ZoneScope zone("Europe/Berlin");
+    CommandFixture f;
+    {
+        TestSystem t;
+        t.SetPair(0, 0, "SS", "SS+1:00");
+        ASSERT_TRUE(SaveRunFile(t.s, f.dir.Path(), "sun.run"));
+    }
+    const std::string runFile = f.dir.File("sun.run");
+    // The first "on" and the next "off" of R1 in the CSV, as seconds of the day.
+    const auto onOff = [&](const std::string& csv) {
+        const std::string text = f.dir.Read(csv);
+        const size_t on = text.find(",R1,Relay 1,on");
+        const size_t off = text.find(",R1,Relay 1,off", on);
+        EXPECT_NE(off, std::string::npos) << text;
+        const auto secs = [&](size_t end) {
+            const std::string hms = text.substr(end - 8, 8);
+            return std::stoi(hms.substr(0, 2)) * 3600 + std::stoi(hms.substr(3, 2)) * 60 +
+                   std::stoi(hms.substr(6, 2));
+        };
+        return std::pair{secs(on), secs(off)};
+    };
+    const struct {
+        const char* from;
+        int sunset;
+    } days[] = {{"2026-06-21 00:00:00", 21 * 3600 + 33 * 60}, {"2026-12-21", 15 * 3600 + 54 * 60}};
+    for (const auto& d : days) {
+        const Outcome o = f.Run({runFile, "--location", "52.52,13.405", "--from", d.from, "--days",
+                                 "1", "--csv", f.dir.File("sun.csv")});
+        ASSERT_EQ(o.status, PreviewExitOk) << o.err;
+        const auto [on, off] = onOff("sun.csv");
+        EXPECT_NEAR(on, d.sunset, 60) << d.from;
+        EXPECT_EQ(off - on, 3599);  // on after SS, off from SS+1:00
+    }
+
+    // No location anywhere: the pair is off, and the table says why. The store's location
+    // then serves, and a polar day on the command line is told.
+    Outcome o = f.Run({runFile, "--from", "2026-06-21", "--days", "2"});
+    EXPECT_NE(o.out.find("time pair 1 (SS to SS+1:00) does not switch on 2 days from "
+                         "2026-06-21 to 2026-06-22: no location is set"),
+              std::string::npos)
+        << o.out;
+    {
+        TestSystem t;
+        KeyValueStore store(f.env.MachineDirectory + "store.db");
+        t.s.platform.store = &store;
+        ConfigurationSaveToReg(t.s);
+        ASSERT_TRUE(SaveMachineLocation(t.s, {" 52.52", "13.405"}));
+    }
+    o = f.Run({runFile, "--from", "2026-06-21", "--days", "1", "--csv", f.dir.File("store.csv")});
+    EXPECT_NEAR(onOff("store.csv").first, 21 * 3600 + 33 * 60, 60) << o.out;
+    o = f.Run({runFile, "--from", "2026-06-21", "--days", "1", "--location", "69.65,18.96"});
+    EXPECT_NE(o.out.find("does not switch on 2026-06-21: the sun does not set (polar day)"),
+              std::string::npos)
+        << o.out;
+    for (const char* bad : {"52.52", "91,0", "0,181", "x,1", "52.52;13.4"})
+        EXPECT_EQ(f.Run({runFile, "--location", bad}).status, PreviewExitUsage) << bad;
 }
 
 }  // namespace
