@@ -15,6 +15,7 @@
 #include "core/KeyValueBackend.h"
 #include "core/MainScreenView.h"
 #include "core/Platform.h"
+#include "core/ScheduleHolds.h"
 #include "core/ScheduleText.h"
 
 namespace vantrellion {
@@ -41,6 +42,9 @@ struct RelayRecord {
     int64_t CycleStart = 0;
     std::string TotalTime;
     int16_t InputState = 0;  // 0 off, 1 on, 9 not read yet
+    // Whether the last evaluation found the relay on a day off or paused: it then stays off
+    // unless Manual holds it on, Invert or not.
+    Hold Held = Hold::None;
 };
 
 struct BoardRecord {
@@ -78,6 +82,8 @@ struct FrmRelay {
     std::array<TimeField, PairSlots> StartTime;
     std::array<TimeField, PairSlots> EndTime;
     std::array<Flag, PairSlots> PairActive{};
+    // The days off and the pauses, kept with the schedule.
+    ScheduleHolds Holds;
     std::array<uint8_t, LastBoard + 1> EmulatedPort{};
     uint8_t EmulatedOtherPort = 0;
 
