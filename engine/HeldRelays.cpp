@@ -31,8 +31,7 @@ void EndPassedPauses(System& s, LocalSeconds now) {
 }
 
 void MarkHeldRelays(System& s, LocalSeconds now) {
-    ForEachDriven(
-        [&](int i) { s.frmRelay.Relay[i].Held = HoldOf(s.frmRelay.Holds, i, now); });
+    ForEachDriven([&](int i) { s.frmRelay.Relay[i].Held = HoldOf(s.frmRelay.Holds, i, now); });
 }
 
 void StartPause(System& s, uint32_t records, LocalSeconds until) {

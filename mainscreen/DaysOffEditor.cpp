@@ -50,8 +50,9 @@ bool DaysOffEditor::Add(const DayOffFields& fields) {
     const bool single = fields.LastText.find_first_not_of(' ') == std::string::npos;
     const auto last = single ? first : ParseDate(fields.LastText);
     if (!first || !last) {
-        return Refuse(s_, "Type the dates in the form YYYY-MM-DD, for example 2026-12-25. "
-                          "Leave the last date empty for a single day.");
+        return Refuse(s_,
+                      "Type the dates in the form YYYY-MM-DD, for example 2026-12-25. "
+                      "Leave the last date empty for a single day.");
     }
     if (*last < *first && !fields.EveryYear) {
         return Refuse(s_, "The last date comes before the first.");

@@ -66,8 +66,9 @@ bool PauseSchedulePresenter::Apply(const PauseChoice& c) {
     if (c.ForHours) {
         double hours = 0;
         if (!ParseHours(c.HoursText, hours)) {
-            return Refuse(s_, "Type the length of the pause in hours, a number above 0 and at "
-                              "most 8784 (for example 24 or 1.5).");
+            return Refuse(s_,
+                          "Type the length of the pause in hours, a number above 0 and at "
+                          "most 8784 (for example 24 or 1.5).");
         }
         until = now + std::llround(hours * 3600);
     } else {
