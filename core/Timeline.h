@@ -20,6 +20,7 @@ struct TimeSpan {
     LocalSeconds From = 0;  // first second inside
     LocalSeconds To = 0;    // first second after
     LocalSeconds Length() const { return To - From; }
+    bool operator==(const TimeSpan&) const = default;
 };
 
 struct TimelineLane {
