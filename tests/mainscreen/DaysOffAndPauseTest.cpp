@@ -44,8 +44,9 @@ std::string LogText(const TempDir& dir) {
 }
 
 TEST(DaysOffAndPause, DaysOffHoldChosenRelaysOffWhileManualAndHardStopStillAct) {
+    TempDir dir;
     TestSystem t;
-    t.frm().CheckTimeAllowed = True;
+    Prepare(t, dir);
     for (int i = 0; i < 5; ++i)
         t.SetPair(i, 0, "08:00", "20:00");
     t.relay(2).Manual = True;
