@@ -58,7 +58,7 @@ int EndPauseEarly(System& s, uint32_t records) {
 std::string PausedCaption(LocalSeconds until, LocalSeconds now) {
     const std::string at = DateTimeText(until);  // "2026-06-22 18:00:00"
     const bool today = DateText(until) == DateText(now);
-    return "Paused until " + (today ? at.substr(11, 5) : at.substr(0, 16));
+    return "Paused until " + (today ? at.substr(11, 5) : at.substr(5, 11));
 }
 
 }  // namespace vantrellion

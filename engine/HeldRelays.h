@@ -21,7 +21,7 @@ void StartPause(System& s, uint32_t records, LocalSeconds until);
 int EndPauseEarly(System& s, uint32_t records);
 
 // The caption of a paused row: "Paused until 18:00" on the day the pause ends, else
-// "Paused until 2026-06-22 18:00".
+// "Paused until 06-22 18:00" (a pause lasts at most a year).
 std::string PausedCaption(LocalSeconds until, LocalSeconds now);
 
 }  // namespace vantrellion

@@ -52,7 +52,7 @@ TEST_F(StateToolMenusWidgetTest, DaysOffAndPauseWindowsHoldTheChosenRelays) {
     });
     Trigger("mnuStatePauseSchedule");
     EXPECT_EQ(Sys().frmRelay.Holds.PausedUntil[2], *ParseDateTimeText("2026-11-16 11:30"));
-    EXPECT_EQ(Window().lblTotalTime[2]->text(), "Paused until 11:30");
+    EXPECT_EQ(Window().lblTotalTime[2]->text(), "Paused until\n11:30");
     Trigger("mnuStateEndPause");
     EXPECT_EQ(Sys().frmRelay.Holds.PausedUntil[2], 0);
 
