@@ -4,6 +4,7 @@ namespace vantrellion {
 
 void ResetRelayRecords(System& s) {
     auto& f = s.frmRelay;
+    f.Holds = ScheduleHolds{};
     for (int b = 0; b <= LastBoard; ++b) {
         for (int r = 0; r <= LastRelay; ++r) {
             const int i = RecordIndex(b, r);
@@ -21,6 +22,7 @@ void ResetRelayRecords(System& s) {
             rec.CycleStart = 0;
             rec.InputState = 9;
             rec.Count = 0;
+            rec.Held = Hold::None;
             for (int p = 0; p <= LastTimePair; ++p) {
                 f.StartTime[PairIndex(i, p)] = "";
                 f.EndTime[PairIndex(i, p)] = "";

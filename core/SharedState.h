@@ -16,6 +16,7 @@
 #include "core/KeyValueBackend.h"
 #include "core/MainScreenView.h"
 #include "core/Platform.h"
+#include "core/ScheduleHolds.h"
 #include "core/ScheduleText.h"
 
 namespace vantrellion {
@@ -42,6 +43,9 @@ struct RelayRecord {
     int64_t CycleStart = 0;
     std::string TotalTime;
     int16_t InputState = 0;  // 0 off, 1 on, 9 not read yet
+    // Whether the last evaluation found the relay on a day off or paused: it then stays off
+    // unless Manual holds it on, Invert or not.
+    Hold Held = Hold::None;
 };
 
 // The sun of one day for a relay's sun times: worked out at the first evaluation of the day
@@ -92,6 +96,8 @@ struct FrmRelay {
     std::array<TimeField, PairSlots> EndTime;
     std::array<Flag, PairSlots> PairActive{};
     std::array<RelaySun, RelaySlots> SunOfDay;
+    // The days off and the pauses, kept with the schedule.
+    ScheduleHolds Holds;
     std::array<uint8_t, LastBoard + 1> EmulatedPort{};
     uint8_t EmulatedOtherPort = 0;
 

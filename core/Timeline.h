@@ -20,12 +20,17 @@ struct TimeSpan {
     LocalSeconds From = 0;  // first second inside
     LocalSeconds To = 0;    // first second after
     LocalSeconds Length() const { return To - From; }
+    bool operator==(const TimeSpan&) const = default;
 };
 
 struct TimelineLane {
     std::string Name;      // the relay's name, shown at the left of its lane
     Color GroupColor = 0;  // the relay's group colour, drawn where it is on
     std::vector<TimeSpan> On;
+    // Where the relay did not (or will not) follow its schedule: days off, and pauses. Marked
+    // in its lane.
+    std::vector<TimeSpan> DaysOff;
+    std::vector<TimeSpan> Paused;
 };
 
 struct Timeline {

@@ -27,6 +27,8 @@ const QColor GridHour{215, 215, 215};
 const QColor GridDay{110, 110, 110};
 const QColor TextColor{Qt::black};
 const QColor GapShade{120, 120, 120, 110};
+const QColor DayOffShade{150, 190, 235};  // a day off: the relay stays off by the list
+const QColor PausedShade{240, 200, 120};  // a pause: the relay stays off until its end
 
 LocalSeconds FloorTo(LocalSeconds t, LocalSeconds step) {
     LocalSeconds q = t / step;
@@ -159,6 +161,28 @@ void PaintLanes(QPainter& p, const TimelineLayout& l, const Timeline& t) {
     }
 }
 
+// Days off and pauses shade the lane where they hold the relay, each with its own hatch, so
+// that an off stretch there reads as held and not as a schedule that does nothing.
+void PaintHolds(QPainter& p, const TimelineLayout& l, const Timeline& t) {
+    auto shade = [&](const std::vector<TimeSpan>& spans, const QRect& band, const QColor& c,
+                     Qt::BrushStyle hatch) {
+        for (const TimeSpan& s : spans) {
+            if (s.To <= l.Range.From || s.From >= l.Range.To) continue;
+            const int x1 = l.XOf(s.From);
+            const int x2 = std::max(l.XOf(s.To), x1 + 1);
+            const QRect r(x1, band.top(), x2 - x1, band.height());
+            p.fillRect(r, c);
+            p.fillRect(r, QBrush(c.darker(160), hatch));
+        }
+    };
+    for (int i = 0; i < l.LaneCount; ++i) {
+        const TimelineLane& lane = t.Lanes[static_cast<size_t>(i)];
+        const QRect band = l.LaneRect(i).adjusted(0, LaneInset, 0, -LaneInset);
+        shade(lane.DaysOff, band, DayOffShade, Qt::FDiagPattern);
+        shade(lane.Paused, band, PausedShade, Qt::HorPattern);
+    }
+}
+
 void PaintGaps(QPainter& p, const TimelineLayout& l, const Timeline& t) {
     for (const TimeSpan& g : t.Gaps) {
         if (g.To <= l.Range.From || g.From >= l.Range.To) continue;
@@ -230,6 +254,7 @@ void PaintTimeline(QPainter& p, const QRect& area, const Timeline& t) {
     if (l.Plot.width() > 0 && l.Plot.height() > 0 && t.Range.Length() > 0) {
         PaintLaneBackgrounds(p, l);
         PaintAxis(p, l);
+        PaintHolds(p, l, t);
         PaintLanes(p, l, t);
         PaintGaps(p, l, t);
         p.setPen(GridDay);

@@ -28,6 +28,7 @@
 #include "desktop/RowEvents.h"
 #include "desktop/RunOnBootMenu.h"
 #include "desktop/RunTimeHistoryMenu.h"
+#include "desktop/ScheduleHoldMenus.h"
 #include "desktop/SchedulePreviewMenu.h"
 #include "desktop/ShowConfigForms.h"
 #include "desktop/ShowRequests.h"
@@ -337,6 +338,7 @@ void VantrellionApp::WireMenus() {
     WireStateToolMenus(w, s_);
     WireHelpAndLogMenus(s_, w);
     WireSchedulePreviewMenu(s_, w);
+    WireScheduleHoldMenus(s_, w);
     AddRunTimeHistoryMenu(w, s_);
 }
 

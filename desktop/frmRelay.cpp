@@ -370,6 +370,10 @@ void frmRelay::BuildMenus() {
     state->addSeparator();
     for (int n = 0; n < 4; ++n)
         AddItem(state, "mnuStateDisplayInput", QString("Board %1 Inputs (Not Set)").arg(n + 1), n);
+    state->addSeparator();
+    AddItem(state, "mnuStateDaysOff", "Days Off...");
+    AddItem(state, "mnuStatePauseSchedule", "Pause Schedule...");
+    AddItem(state, "mnuStateEndPause", "End Pause");
 
     QMenu* help = top("mnuHelp", "&Help");
     AddItem(help, "mnuHelpManual", "User's &Manual");
@@ -576,8 +580,26 @@ void frmRelay::FitRowFont(const RowCaptions& family) {
     };
     while (widest() > room && font.pointSizeF() > 5.0)
         font.setPointSizeF(font.pointSizeF() - 0.5);
+    fittedFonts_[family.control] = font;
     for (QWidget* w : widgets)
         if (w->font() != font) w->setFont(font);
+}
+
+void frmRelay::FitCaptionLines(QLabel* label, const QString& text) {
+    const auto fitted = fittedFonts_.find(label->objectName().toStdString());
+    if (fitted == fittedFonts_.end()) return;
+    QFont font = fitted->second;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    const QRect room = label->contentsRect();
+    const auto fits = [&] {
+        const QFontMetrics metrics(font);
+        for (const QString& line : lines)
+            if (metrics.horizontalAdvance(line) > room.width()) return false;
+        return metrics.lineSpacing() * static_cast<int>(lines.size()) <= room.height() + 2;
+    };
+    while (lines.size() > 1 && !fits() && font.pointSizeF() > 4.0)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    if (label->font() != font) label->setFont(font);
 }
 
 // RowDisplay ------------------------------------------------------------------------------
@@ -608,7 +630,12 @@ void frmRelay::SetTotalTimeBackground(int i, Color c) {
     SetBackColor(Control::lblTotalTime, i, c);
 }
 void frmRelay::SetTotalTimeCaption(int i, const std::string& t) {
-    SetText(Control::lblTotalTime, i, t);
+    // "Paused until 18:00" is wider than the label: the end goes on a second line.
+    static constexpr std::string_view kPaused = "Paused until ";
+    const bool paused = t.rfind(kPaused, 0) == 0;
+    const std::string shown = paused ? "Paused until\n" + t.substr(kPaused.size()) : t;
+    SetText(Control::lblTotalTime, i, shown);
+    FitCaptionLines(lblTotalTime[i], Q(shown));
 }
 void frmRelay::SetCounterBackground(int i, Color c) {
     SetBackColor(Control::lblCounter, i, c);

@@ -136,6 +136,9 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     // Fits every family of row controls, or only the one of that control name.
     void FitRowFonts(const char* only = nullptr);
     void FitRowFont(const RowCaptions& family);
+    // A caption of two lines (a pause and its end) in a font where both lines fit the label;
+    // one line in the font of its family.
+    void FitCaptionLines(QLabel* label, const QString& text);
     QWidget* Widget(Control c, int index) const;
     QAction* AddItem(QMenu* menu, const QString& name, const QString& caption, int index = 0);
 
@@ -152,6 +155,7 @@ class frmRelay : public QMainWindow, public RowDisplay, public MainScreenView {
     std::string timeWindowText_{std::string(1, '\0')};
     // The run-time font of each family of row controls, and the ratio they are scaled by.
     std::map<std::string, QFont> rowFonts_;
+    std::map<std::string, QFont> fittedFonts_;  // each family's font as FitRowFont chose it
     double textScale_ = 1.0;
 
     System& s_;

@@ -1,6 +1,7 @@
 #include "engine/CheckTimePairs.h"
 
 #include "core/FatalError.h"
+#include "engine/HeldRelays.h"
 #include "engine/PairTimes.h"
 
 namespace vantrellion {
@@ -222,6 +223,10 @@ void CheckTimePairs(System& s) {
     const int now = present.SecondsOfDay();
     const int64_t tick = s.clock().MonotonicMs();
 
+    const LocalSeconds moment = ToLocalSeconds(present);
+    EndPassedPauses(s, moment);
+    MarkHeldRelays(s, moment);
+
     FrmRelay& f = s.frmRelay;
     for (int b = 0; b <= LastBoard; ++b) {
         for (int r = 0; r <= LastRelay; ++r) {
@@ -231,6 +236,12 @@ void CheckTimePairs(System& s) {
             if (relay.HardStop != 0) continue;
             if (relay.Manual != 0) {
                 relay.NewState = 1;
+                continue;
+            }
+            // A day off or a pause keeps the relay off; its pair lights go out.
+            if (relay.Held != Hold::None) {
+                for (int p = 0; p <= LastTimePair; ++p)
+                    f.PairActive[PairIndex(i, p)] = False;
                 continue;
             }
             if (!DaysOfWeekMatch(s, r, weekday)) continue;

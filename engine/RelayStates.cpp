@@ -2,6 +2,7 @@
 
 #include "boardio/PortAccess.h"
 #include "engine/CheckTimePairs.h"
+#include "engine/HeldRelays.h"
 
 namespace vantrellion {
 
@@ -58,7 +59,9 @@ void UpdateRelayOutputs(System& s) {
                 continue;
             }
             if (rec.Invert != 0 && rec.Invert != -1) continue;
-            switch (Resolve(rec.OldState, rec.NewState, rec.Invert == -1)) {
+            // A held relay stays off whatever Invert says; Manual still acts, inverted or not.
+            const bool held = rec.Held != Hold::None && rec.Manual != -1;
+            switch (Resolve(rec.OldState, rec.NewState, rec.Invert == -1 && !held)) {
                 case Write::On:
                     SetRelayOn(s, b, r);
                     break;
@@ -120,6 +123,11 @@ void ShowRelayStates(System& s, const PortBytes& relayBytes) {
                 } else {
                     d.SetInvertBackground(i, m.ColorManualOFF);
                 }
+            }
+            if (rec.Manual != -1 && rec.Held == Hold::Paused) {
+                status = PausedCaption(f.Holds.PausedUntil[i], ToLocalSeconds(s.clock().Now()));
+            } else if (rec.Manual != -1 && rec.Held == Hold::DayOff) {
+                status = "Day off";
             }
             if (rec.HardStop == -1) {
                 status = "> STOP <";

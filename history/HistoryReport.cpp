@@ -134,6 +134,7 @@ Timeline HistoryTimeline(const RunTimeHistory& h, const HistoryLabels& labels, T
         lane.Name = labels.RelayNames[n];
         lane.GroupColor = labels.GroupColors[n];
         lane.On = Clip(h.RelayOn[n], span);
+        lane.Paused = Clip(h.RelayPaused[n], span);
         t.Lanes.push_back(std::move(lane));
     }
     t.Gaps = Clip(h.Gaps, span);

@@ -8,6 +8,7 @@
 #include <cerrno>
 
 #include "logging/LogFileName.h"
+#include "logging/PauseLogLines.h"
 
 namespace vantrellion {
 
@@ -61,6 +62,21 @@ class HistoryBuilder {
 
     const std::vector<TimeSpan>& Known() const { return known_; }
 
+    // A pause's start or end line: the relay's pause runs from its start line to its end line,
+    // or to the end its start line names when no end line follows.
+    void AddPause(LocalSeconds t, const PauseLogEntry& e) {
+        if (e.Record < 0 || e.Record >= MaxLoggedLanes) return;
+        OpenPause& open = pauses_[static_cast<size_t>(e.Record)];
+        if (open.running) ClosePause(e.Record, std::min(t, open.until));
+        open = {e.Start, t, e.Until};
+    }
+
+    void FinishPauses() {
+        for (int n = 0; n < MaxLoggedLanes; ++n)
+            if (pauses_[static_cast<size_t>(n)].running)
+                ClosePause(n, pauses_[static_cast<size_t>(n)].until);
+    }
+
   private:
     void Cover(LocalSeconds from, LocalSeconds to) {
         from = std::max(from, h_.Range.From);
@@ -73,7 +89,19 @@ class HistoryBuilder {
         }
     }
 
+    struct OpenPause {
+        bool running = false;
+        LocalSeconds from = 0, until = 0;
+    };
+
+    void ClosePause(int n, LocalSeconds to) {
+        OpenPause& open = pauses_[static_cast<size_t>(n)];
+        Append(h_.RelayPaused[n], std::max(open.from, h_.Range.From), std::min(to, h_.Range.To));
+        open.running = false;
+    }
+
     RunTimeHistory& h_;
+    std::array<OpenPause, MaxLoggedLanes> pauses_{};
     std::vector<TimeSpan> known_;
     bool have_ = false;
     LocalSeconds last_ = 0;
@@ -101,6 +129,9 @@ bool ReadDayFile(const std::string& path, LocalSeconds day, bool counted, Histor
                 builder.AddState(at, line, counted);
                 break;
             case LogLineKind::Event:
+                // A pause may have begun the day before the range.
+                if (const auto pause = ParsePauseEvent(line.First, line.Second))
+                    builder.AddPause(at, *pause);
                 if (!counted) break;
                 ++h.Counts.EventLines;
                 h.Events.push_back({at, std::string(line.First), std::string(line.Second)});
@@ -189,6 +220,7 @@ RunTimeHistory ReadRunTimeHistory(const HistoryRequest& request) {
         h.Days.push_back(d);
     }
     builder.Finish();
+    builder.FinishPauses();
 
     const size_t days = h.Days.size();
     for (int n = 0; n < MaxLoggedLanes; ++n) {

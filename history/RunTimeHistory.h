@@ -58,6 +58,10 @@ struct RunTimeHistory {
     std::array<std::vector<TimeSpan>, MaxLoggedLanes> RelayOn;
     std::array<std::vector<TimeSpan>, MaxLoggedLanes> InputOn;
     std::vector<TimeSpan> Gaps;
+    // Per relay, where its schedule was paused: from a pause's start line to its end line, or
+    // to the end that the start line names (a pause begun before the day ahead of the range is
+    // not seen).
+    std::array<std::vector<TimeSpan>, MaxLoggedLanes> RelayPaused;
     std::vector<HistoryDay> Days;
     std::vector<LogEvent> Events;
     LogReadCounts Counts;

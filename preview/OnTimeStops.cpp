@@ -16,10 +16,12 @@ LocalSeconds FloorDay(LocalSeconds t) {
 
 // Whether relay i's schedule can switch it on in [from, to), a part of one day: an inverted
 // relay always can; else a set pair whose time lies in that part must be checked on that day
-// (the days of the week as the engine reads them, the even/odd day, the weekend hold).
+// (the days of the week as the engine reads them, the even/odd day, the weekend hold). A
+// day off, or a pause over the whole part, keeps it off whatever the schedule says.
 bool CanBeOn(const ScheduleSnapshot& schedule, int i, LocalSeconds from, LocalSeconds to) {
     const FrmRelay& f = schedule.frmRelay;
     const RelayRecord& rec = f.Relay[i];
+    if (IsDayOff(f.Holds, i, from) || f.Holds.PausedUntil[i] >= to) return false;
     if (rec.Invert != 0) return true;
     const DateTime date = FromLocalSeconds(from);
     if (!f.Relay[i % RelaysPerBoard].DaysOfWeek.Matches(date.Weekday)) return false;

@@ -282,6 +282,8 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
         r.Name = PreviewRelayName(schedule, i);
         r.GroupColor = schedule.modRelay.ColorRelayGroup[static_cast<size_t>(i % 8)];
         r.OnSecondsPerDay.assign(result.DayStarts.size(), 0);
+        r.DaysOff = DayOffSpans(schedule.frmRelay.Holds, i, result.Range);
+        r.Paused = PausedSpans(schedule.frmRelay.Holds, i, result.Range);
     }
 
     std::bitset<DrivenPairs> everActive;
@@ -387,6 +389,9 @@ PreviewResult RunPreview(const ScheduleSnapshot& schedule, const PreviewRequest&
             w.Text = PreviewRelayLabel(schedule, i) + ": time pair " + PairLabel(given, k) +
                      " never switches on" + span + " (days \"" + rec.DaysOfWeek.Text() +
                      "\", code \"" + rec.DayHrEvenOdd.Text() + "\")";
+            const RelayPreview& r = result.Relays[static_cast<size_t>(i)];
+            if (!r.DaysOff.empty() || !r.Paused.empty())
+                w.Text += "; the relay has days off or a pause in this span";
             result.Warnings.push_back(w);
         }
     }
@@ -412,6 +417,8 @@ Timeline PreviewTimeline(const PreviewResult& result) {
             on = s.On;
         }
         if (on && onSince < known) lane.On.push_back({onSince, known});
+        lane.DaysOff = r.DaysOff;
+        lane.Paused = r.Paused;
         t.Lanes.push_back(std::move(lane));
     }
     if (known < result.Range.To) t.Gaps.push_back({known, result.Range.To});

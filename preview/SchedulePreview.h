@@ -49,6 +49,9 @@ struct RelayPreview {
     std::vector<RelaySwitch> Switches;
     // Seconds on per calendar day of the span (see PreviewResult::DayStarts).
     std::vector<int64_t> OnSecondsPerDay;
+    // Where the relay does not follow its schedule: its days off, and its pause.
+    std::vector<TimeSpan> DaysOff;
+    std::vector<TimeSpan> Paused;
 };
 
 enum class PreviewWarningKind {

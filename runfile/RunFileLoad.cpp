@@ -10,6 +10,7 @@
 
 #include "runfile/LoadedFieldCheck.h"
 #include "runfile/RunFileFields.h"
+#include "runfile/RunFileHolds.h"
 
 namespace vantrellion {
 
@@ -193,6 +194,21 @@ int ReadAfterVersion(System& s, FieldReader& in, bool& inTimeArray, std::string&
     return RunFileLoaded;
 }
 
+// The days off and pauses after the relay blocks, when the file has them. A section that does
+// not read whole is dropped with a message; the schedule stays loaded.
+void ReadHoldsAfterBlocks(System& s, FieldReader& in) {
+    try {
+        if (!in.AtEnd()) ReadHoldsSection(in, s.frmRelay.Holds);
+    } catch (const FieldReadError& e) {
+        s.frmRelay.Holds = ScheduleHolds{};
+        s.Message({std::string("The days off and pauses at the end of the file could not be "
+                               "read (line ") +
+                       std::to_string(in.FieldLine()) + ": " + e.what() +
+                       "). The schedule is loaded without them.",
+                   Buttons::OK, Icon::Exclamation, 1, "Error Reading Run File"});
+    }
+}
+
 }  // namespace
 
 std::string ConvertOldEvenOddCode(const std::string& code) {
@@ -231,6 +247,7 @@ int LoadRunFile(System& s, const std::string& Path, const std::string& FileName,
         found.Line = in.FieldLine();
         found.Field = reading;
     }
+    if (result == RunFileLoaded) ReadHoldsAfterBlocks(s, in);
     ::close(fd);
     found.Result = result;
     if (problem) *problem = found;

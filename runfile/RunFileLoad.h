@@ -26,11 +26,12 @@ struct RunFileLoadProblem {
 };
 
 // Loads Path + FileName (joined as they stand: Path carries its trailing separator) into the
-// relay records, StartTime, EndTime and LoggingOnOff, and the file's first line into
-// FileVersion. The caller runs ResetRelayRecords first, since older versions lack members, and
-// copies the records to the screen afterwards. Shows its own message for every failure except
-// a failed open with ShowOpenError false. Touches neither the screen nor the timer. When
-// problem is given, it gets what the load met.
+// relay records, StartTime, EndTime, LoggingOnOff and the days off and pauses that follow the
+// relay blocks (RunFileHolds.h), and the file's first line into FileVersion. The caller runs
+// ResetRelayRecords first, since older versions lack members, and copies the records to the screen
+// afterwards. Shows its own message for every failure except a failed open with ShowOpenError
+// false. Touches neither the screen nor the timer. When problem is given, it gets what the load
+// met.
 int LoadRunFile(System& s, const std::string& Path, const std::string& FileName, bool ShowOpenError,
                 RunFileLoadProblem* problem = nullptr);
 

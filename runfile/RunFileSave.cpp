@@ -6,6 +6,7 @@
 #include "core/CheckTimeControl.h"
 #include "core/ReplaceFile.h"
 #include "core/TextEncoding.h"
+#include "runfile/RunFileHolds.h"
 
 namespace vantrellion {
 
@@ -45,6 +46,7 @@ RunFileImage BuildRunFile(const System& s) {
             }
         }
     }
+    out += HoldsSectionLines(f.Holds);
     return image;
 }
 

@@ -8,11 +8,11 @@
 
 namespace vantrellion {
 
-// Writes the version line, the logging flag and one block per relay to Path + FileName
-// (joined as they stand), replacing the file's contents whole (see ReplaceFileContents): the
-// texts in Latin-1 when every character fits, else the whole file in UTF-8. Holds
-// tmrCheckTime off while it
-// writes and ends, on every path, by clearing AutoRestarted and running ResumeCheckTime.
+// Writes the version line, the logging flag, one block per relay and, when there are any, the
+// days off and pauses (RunFileHolds.h) to Path + FileName (joined as they stand), replacing
+// the file's contents whole (see ReplaceFileContents): the texts in Latin-1 when every
+// character fits, else the whole file in UTF-8. Holds tmrCheckTime off while it writes and
+// ends, on every path, by clearing AutoRestarted and running ResumeCheckTime.
 // True when the whole file was written; a failure shows its message ("Open File Error",
 // "Error Writing Data File", "Error Writing Time Array") and leaves the schedule as it was.
 bool SaveRunFile(System& s, const std::string& Path, const std::string& FileName);

@@ -57,8 +57,12 @@ TEST(LaneSwitchTimes, TheEdgesOfWhatIsShownAreNoSwitchTimes) {
     Timeline t;
     t.Range = {day + 7 * 3600, day + 86400 + 7 * 3600};
     t.Gaps = {{day + 86400 + 3600, t.Range.To}};
-    t.Lanes = {{"Pump", 0, {{t.Range.From, day + 9 * 3600}, {day + 20 * 3600, day + 86400 + 3600}}},
-               {"Fan", 0, {t.Range}}};
+    t.Lanes = {{"Pump",
+                0,
+                {{t.Range.From, day + 9 * 3600}, {day + 20 * 3600, day + 86400 + 3600}},
+                {},
+                {}},
+               {"Fan", 0, {t.Range}, {}, {}}};
     EXPECT_EQ(LaneSwitchTimesText(t, 0, day),
               "Pump\nalready on   off 2026-11-16 09:00:00\non  2026-11-16 20:00:00   still on");
     EXPECT_EQ(LaneSwitchTimesText(t, 1, day), "Fan\non throughout");

@@ -3,9 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QMenuBar>
+#include <QTest>
 
+#include "core/DateTimeText.h"
 #include "desktop/QtConvert.h"
+#include "desktop/frmDaysOff.h"
+#include "desktop/frmPauseSchedule.h"
 #include "tests/desktop/MenuProgramFixture.h"
+#include "tests/desktop/ModalSteps.h"
 
 namespace vantrellion::test {
 namespace {
@@ -34,6 +39,35 @@ TEST_F(StateToolMenusWidgetTest, RelaysFollowTheMenuAndThePauseHoldsTheTimerOff)
     EXPECT_TRUE(watcher.boxes[0].noted);
     EXPECT_TRUE(app->Timer().IsEnabled());
     EXPECT_TRUE(ports.log.empty());
+}
+
+TEST_F(StateToolMenusWidgetTest, DaysOffAndPauseWindowsHoldTheChosenRelays) {
+    PrepareStore(True);
+    Start();
+    ModalSteps steps;
+    steps.On<frmPauseSchedule>([](frmPauseSchedule& w) {
+        w.chkRelay[2]->setChecked(true);
+        w.txtHours->setText("2");
+        QTest::mouseClick(w.cmdOK, Qt::LeftButton);
+    });
+    Trigger("mnuStatePauseSchedule");
+    EXPECT_EQ(Sys().frmRelay.Holds.PausedUntil[2], *ParseDateTimeText("2026-11-16 11:30"));
+    EXPECT_EQ(Window().lblTotalTime[2]->text(), "Paused until\n11:30");
+    Trigger("mnuStateEndPause");
+    EXPECT_EQ(Sys().frmRelay.Holds.PausedUntil[2], 0);
+
+    steps.On<frmDaysOff>([](frmDaysOff& w) {
+        w.txtFirstDate->setText("2026-12-25");
+        w.chkEveryYear->setChecked(true);
+        w.chkRelay[0]->setChecked(true);
+        QTest::mouseClick(w.cmdAdd, Qt::LeftButton);
+        EXPECT_EQ(w.lstDaysOff->count(), 1);
+        QTest::mouseClick(w.cmdOK, Qt::LeftButton);
+    });
+    Trigger("mnuStateDaysOff");
+    ASSERT_EQ(Sys().frmRelay.Holds.DaysOff.size(), 1u);
+    EXPECT_TRUE(Sys().frmRelay.Holds.DaysOff[0].EveryYear);
+    EXPECT_TRUE(steps.Done());
 }
 
 }  // namespace

@@ -18,9 +18,9 @@ Timeline TwoDays() {
     Timeline t;
     t.Range = {Start, Start + 48 * Hour};
     t.Lanes = {
-        {"Pump", Rgb(200, 0, 0), {{Start + 8 * Hour, Start + 10 * Hour}}},
-        {"Lights", Rgb(0, 150, 0), {{Start + 20 * Hour, Start + 30 * Hour}}},
-        {"Fan", Rgb(0, 0, 220), {}},
+        {"Pump", Rgb(200, 0, 0), {{Start + 8 * Hour, Start + 10 * Hour}}, {}, {}},
+        {"Lights", Rgb(0, 150, 0), {{Start + 20 * Hour, Start + 30 * Hour}}, {}, {}},
+        {"Fan", Rgb(0, 0, 220), {}, {}, {}},
     };
     t.Gaps = {{Start + 40 * Hour, Start + 44 * Hour}};
     return t;

@@ -122,5 +122,29 @@ TEST_F(RunTimeHistoryTest, AMissingDayAndACrashAreGapsAndTheOtherTotalsStand) {
     EXPECT_EQ(h.Gaps[1].To, d3 + At(10, 31));
 }
 
+TEST_F(RunTimeHistoryTest, APauseIsMarkedFromItsLinesAcrossMidnightAndNotAsAGap) {
+    // Relay 2 paused the day before the range until 03:00 of day 2, ended by itself; relay 3
+    // paused at 10:00 of day 2 until day 3, ended early at 11:00. The program ran throughout.
+    WriteDay(dir, d1,
+             FullDay() +
+                 "20:00:00 11/14/2026 Pause Relay 2 paused until 2026-11-15 03:00:00 "
+                 "\"Fan\"\r\n");
+    WriteDay(dir, d2,
+             FullDay() +
+                 "03:00:00 11/15/2026 Resume Relay 2 follows its schedule again \"Fan\"\r\n" +
+                 "10:00:00 11/15/2026 Pause Relay 3 paused until 2026-11-16 10:00:00 \"\"\r\n" +
+                 "11:00:00 11/15/2026 Resume Relay 3 pause ended early \"\"\r\n" +
+                 "12:00:00 11/15/2026 Pause Relay 4 paused until 2026-11-15 14:00:00 \"x\"\r\n");
+    const RunTimeHistory h = ReadDays(dir, d2, d2);
+    EXPECT_TRUE(h.Gaps.empty());
+    ASSERT_EQ(h.RelayPaused[1].size(), 1u);
+    EXPECT_EQ(h.RelayPaused[1][0].From, d2);
+    EXPECT_EQ(h.RelayPaused[1][0].To, d2 + At(3, 0));
+    ASSERT_EQ(h.RelayPaused[2].size(), 1u);
+    EXPECT_EQ(h.RelayPaused[2][0].Length(), 3600);
+    ASSERT_EQ(h.RelayPaused[3].size(), 1u);  // no end line: until the time its start names
+    EXPECT_EQ(h.RelayPaused[3][0].To, d2 + At(14, 0));
+}
+
 }  // namespace
 }  // namespace vantrellion::test

@@ -286,5 +286,31 @@ TEST(SchedulePreview, GoldenCsvAndOnTimesOverMidnightAndAMonthEnd) {
     EXPECT_NE(table.find("2026-11-30   2:29:57   0:00:00  23:00:01"), std::string::npos) << table;
 }
 
+TEST(SchedulePreview, DaysOffAndAPauseGiveNoOnTimeAndAreMarked) {
+    TestSystem t;
+    const LocalSeconds monday = ToLocalSeconds(DateTime{2026, 6, 22, 0, 0, 0, 2});
+    for (int i = 0; i < 3; ++i)
+        t.SetPair(i, 0, "08:00", "09:00");
+    t.frm().Holds.DaysOff.push_back({monday + Day, monday + Day, false, 0b001, ""});
+    t.frm().Holds.DaysOff.push_back({monday + 3 * Day, monday + 3 * Day, true, 0b100, ""});
+    t.frm().Holds.PausedUntil[1] = monday + 2 * Day + 8 * 3600 + 1800;  // 08:30 on day 3
+    const PreviewResult r = RunPreview(TakeSnapshot(t.s), {monday, 4 * Day});
+    const std::string csv = PreviewCsv(r);
+    auto onAt = [&](const std::string& date, int record) {
+        return csv.find(date + " 08:00:01,R" + std::to_string(record + 1)) != std::string::npos;
+    };
+    const std::vector<std::string> days = {"2026-06-22", "2026-06-23", "2026-06-24", "2026-06-25"};
+    const std::vector<std::vector<bool>> expected = {
+        {true, false, true, true}, {false, false, false, true}, {true, true, true, false}};
+    for (int i = 0; i < 3; ++i)
+        for (size_t d = 0; d < days.size(); ++d)
+            EXPECT_EQ(onAt(days[d], i), expected[static_cast<size_t>(i)][d]) << i << days[d] << csv;
+    EXPECT_EQ(r.Relays[1].OnSecondsPerDay[2], 1800);  // on from 08:30:00 to 08:59:59
+    const Timeline line = PreviewTimeline(r);
+    EXPECT_EQ(line.Lanes[0].DaysOff, (std::vector<TimeSpan>{{monday + Day, monday + 2 * Day}}));
+    EXPECT_EQ(line.Lanes[1].Paused.size(), 1u);
+    EXPECT_EQ(line.Lanes[2].DaysOff.size(), 1u);
+}
+
 }  // namespace
 }  // namespace vantrellion::test
