@@ -58,6 +58,14 @@ std::string ScheduleKey(const System& s) {
         key += r.DaysOfWeek.Text() + "|" + r.DayHrEvenOdd.Text() + "|" + std::to_string(r.Manual) +
                std::to_string(r.Invert) + std::to_string(r.HardStop) + "|";
     }
+    // Days off, pauses and the location move switches too.
+    for (const DayOff& d : f.Holds.DaysOff)
+        key += std::to_string(d.First) + "-" + std::to_string(d.Last) + (d.EveryYear ? "y" : "n") +
+               std::to_string(d.Relays) + "|";
+    for (const LocalSeconds until : f.Holds.PausedUntil)
+        key += std::to_string(until) + "|";
+    if (const auto& place = s.modRelay.Location)
+        key += std::to_string(place->Latitude) + "," + std::to_string(place->Longitude);
     return key;
 }
 

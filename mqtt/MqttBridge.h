@@ -78,7 +78,8 @@ class MqttBridge : public TickObserver {
     LocalSeconds switchesValidUntil_ = 0;
 };
 
-// The key of everything that decides the relays' future switches: times, days, codes, flags.
+// The key of everything that decides the relays' future switches: times, days, codes, flags,
+// days off, pauses and the location.
 std::string ScheduleKey(const System& s);
 
 // The reason of a relay's state: stopped before manual before inverted before the schedule.
