@@ -371,9 +371,10 @@ void frmRelay::BuildMenus() {
     for (int n = 0; n < 4; ++n)
         AddItem(state, "mnuStateDisplayInput", QString("Board %1 Inputs (Not Set)").arg(n + 1), n);
     state->addSeparator();
-    AddItem(state, "mnuStateDaysOff", "Days Off...");
-    AddItem(state, "mnuStatePauseSchedule", "Pause Schedule...");
-    AddItem(state, "mnuStateEndPause", "End Pause");
+    state->addSeparator();
+    AddItem(state, "mnuStateDaysOff", "&Days Off...");
+    AddItem(state, "mnuStatePauseSchedule", "&Pause Schedule...");
+    AddItem(state, "mnuStateEndPause", "&End Pause");
 
     QMenu* help = top("mnuHelp", "&Help");
     AddItem(help, "mnuHelpManual", "User's &Manual");
