@@ -13,6 +13,7 @@
 #include "runfile/CrashRestart.h"
 #include "support/Fakes.h"
 #include "support/TempDir.h"
+#include "support/ZoneScope.h"
 
 namespace vantrellion::test {
 namespace {
@@ -34,6 +35,7 @@ void Prepare(TestSystem& t, const TempDir& dir) {
     t.s.platform.machineDirectory = dir.Path();
     t.mod().LogFilePath = dir.Path();
     t.mod().LoggingOnOff = True;
+    t.mod().Location = GeoLocation{52.52, 13.405};  // Berlin
 }
 
 std::string LogText(const TempDir& dir) {
@@ -116,17 +118,21 @@ TEST(DaysOffAndPause, PauseForHoursOrUntilEndsByItselfOrEarlyWithLogLines) {
     }
 }
 
+// Relay 3 runs from sunrise to sunset (04:43 to 21:33 in Berlin that week: 17 of the hourly
+// samples at half past), and shares relay 1's day off.
 TEST(DaysOffAndPause, AWeekThroughTheEngineWithADayOffAndAPauseAcrossARestart) {
+    const ZoneScope zone("Europe/Berlin");
     TempDir dir;
     auto t = std::make_unique<TestSystem>();
     Prepare(*t, dir);
     t->SetPair(0, 0, "08:00", "20:00");
     t->SetPair(1, 0, "08:00", "20:00");
+    t->SetPair(2, 0, "SR", "SS");
     DaysOffEditor e(t->s);
-    ASSERT_TRUE(e.Add({"2026-06-23", "", false, 0b01, ""}));
+    ASSERT_TRUE(e.Add({"2026-06-23", "", false, 0b101, ""}));
     e.Apply();
 
-    std::array<std::array<int, 7>, 2> hoursOn{};
+    std::array<std::array<int, 7>, 3> hoursOn{};
     for (int d = 0; d < 7; ++d) {
         const LocalSeconds day = At("2026-06-22") + d * 86400;
         if (d == 3) {  // a crash at midnight: a new program takes the restart file
@@ -141,12 +147,13 @@ TEST(DaysOffAndPause, AWeekThroughTheEngineWithADayOffAndAPauseAcrossARestart) {
                 ASSERT_TRUE(PauseSchedulePresenter(t->s).Apply({0b10, true, "48", ""}));
             }
             const int port = PortAt(*t, day + h * 3600 + 1800);
-            for (int r = 0; r < 2; ++r)
+            for (int r = 0; r < 3; ++r)
                 hoursOn[r][d] += port >> r & 1;
         }
     }
     EXPECT_EQ(hoursOn[0], (std::array<int, 7>{12, 0, 12, 12, 12, 12, 12}));
     EXPECT_EQ(hoursOn[1], (std::array<int, 7>{12, 12, 1, 0, 11, 12, 12}));
+    EXPECT_EQ(hoursOn[2], (std::array<int, 7>{17, 0, 17, 17, 17, 17, 17}));
 }
 
 }  // namespace
