@@ -284,12 +284,7 @@ void VantrellionApp::CreateMainScreen() {
 }
 
 void VantrellionApp::StartRemoteStatus() {
-    if (mqtt_) {
-        auto& observers = s_.platform.tickObservers;
-        observers.erase(std::remove(observers.begin(), observers.end(), mqtt_.get()),
-                        observers.end());
-        mqtt_.reset();
-    }
+    mqtt_.reset();
     const MqttSettings settings = LoadMqttSettings(s_);
     store_->ReleaseFile();
     if (settings.Url.empty()) return;
@@ -299,11 +294,7 @@ void VantrellionApp::StartRemoteStatus() {
             std::fprintf(stderr, "<%d>%s\n", priority, text.c_str());
             if (priority <= 3) s_.Message({text, Buttons::OK, Icon::Exclamation});
         });
-    if (!mqtt_->Start()) {
-        mqtt_.reset();
-        return;
-    }
-    s_.platform.tickObservers.push_back(mqtt_.get());
+    if (!mqtt_->Start()) mqtt_.reset();
 }
 
 void VantrellionApp::WireMenus() {

@@ -86,6 +86,8 @@ MqttBridge::MqttBridge(System& s, MqttSettings settings, MqttNotice notice)
 
 MqttBridge::~MqttBridge() {
     Stop();
+    auto& observers = s_.platform.tickObservers;
+    observers.erase(std::remove(observers.begin(), observers.end(), this), observers.end());
 }
 
 void MqttBridge::Tell(int priority, const std::string& text) {
@@ -126,6 +128,7 @@ bool MqttBridge::Start() {
     Tell(kPriorityInfo,
          "connecting to " + settings_.Url + " as " + base_ +
              (settings_.RemoteControl ? ", remote control on" : ", remote control off"));
+    s_.platform.tickObservers.push_back(this);
     return true;
 }
 

@@ -33,8 +33,9 @@ class MqttBridge : public TickObserver {
     MqttBridge(System& s, MqttSettings settings, MqttNotice notice);
     ~MqttBridge() override;
 
-    // Starts the network thread. False, with the reason told, when the settings cannot be
-    // used (no URL, a bad URL, a password file that others may read).
+    // Starts the network thread and joins the tick's observers (left again when the bridge
+    // goes). False, with the reason told, when the settings cannot be used (no URL, a bad URL,
+    // a password file that others may read).
     bool Start();
     // Publishes "offline" and leaves the broker.
     void Stop();

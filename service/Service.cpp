@@ -195,7 +195,6 @@ bool Service::StartRemoteStatus() {
         mqtt_.reset();
         return options_.MqttUrl.empty();
     }
-    s_.platform.tickObservers.push_back(mqtt_.get());
     return true;
 }
 
