@@ -283,14 +283,20 @@ std::map<std::string, std::string> MqttBridge::CurrentMessages() {
             m[InputStateTopic(base_, n)] = OnOff(r.InputState == 1);
         m[RelayCounterTopic(base_, n)] = std::to_string(r.Count);
         m[RelayOnSecondsTopic(base_, n)] = std::to_string(onSecondsShown_[i]);
-        if (settings_.Discovery) {
+        // The discovery configs change only with a relay's name; they are made again when the
+        // name changed or the broker is to have them anew (a connect, Home Assistant's start).
+        const std::string name = RelayName(s_, i);
+        if (settings_.Discovery &&
+            (name != discoveredNames_[i] || !published_.contains(SwitchConfigTopic(node_, n)) ||
+             !published_.contains(BinarySensorConfigTopic(node_, n)))) {
+            discoveredNames_[i] = name;
             DiscoveryEntity e;
             e.Node = node_;
             e.Base = base_;
             e.Number = n;
             e.DeviceName = deviceName_;
             e.Version = ProgramVersionText;
-            e.Name = RelayName(s_, i);
+            e.Name = name;
             m[SwitchConfigTopic(node_, n)] = SwitchConfigPayload(e, settings_.RemoteControl);
             e.Name = "Input " + std::to_string(n);
             m[BinarySensorConfigTopic(node_, n)] = BinarySensorConfigPayload(e);

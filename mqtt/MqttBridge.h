@@ -62,7 +62,8 @@ class MqttBridge : public TickObserver {
     std::unique_ptr<MqttConnection> connection_;
     bool everConnected_ = false;
     bool lost_ = false;
-    std::map<std::string, std::string> published_;  // topic to the payload last sent
+    std::map<std::string, std::string> published_;         // topic to the payload last sent
+    std::array<std::string, MqttRelays> discoveredNames_;  // the names the configs were made with
 
     // The on-time today of each relay, measured from the states read back at the ticks.
     std::array<int64_t, MqttRelays> onMs_{};

@@ -36,13 +36,14 @@ LocalNow TakeLocalNow() {
 
 // Configured (emulation, logging) with the Run File "bars.run": relays 1 to 7 each on for two
 // seconds, one after the other, from `first` on; relay 1 named in UTF-8; relay 8 empty.
-std::string PrepareBars(const TempDir& dir, int first) {
+std::string PrepareBars(const TempDir& dir, int first,
+                        const std::string& name1 = "Gewächshaus Süd") {
     SaveTestConfiguration(dir, True, True);
     TestSystem t;
     t.mod().LoggingOnOff = True;
     for (int r = 0; r < 7; ++r)
         t.SetPair(r, 0, TimeText(first + r - 1), TimeText(first + r + 2));
-    t.s.frmRelay.Relay[0].DisplayName = "Gewächshaus Süd";
+    t.s.frmRelay.Relay[0].DisplayName = name1;
     EXPECT_TRUE(SaveRunFile(t.s, dir.Path(), "bars.run"));
     return dir.File("bars.run");
 }
@@ -131,9 +132,27 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
               std::string::npos)
         << d.Stderr();
 
+    // The configs again when Home Assistant starts, and a renamed relay's after a reload.
+    size_t from = watcher.Messages().size();
+    watcher.Publish("homeassistant/status", "online", false);
+    EXPECT_TRUE(watcher.WaitFor(SwitchConfigTopic(node, 1), relay1, 3000, from)) << d.Stderr();
+    from = watcher.Messages().size();
+    PrepareBars(dir, first, "Fan");
+    d.Signal(SIGHUP);
+    EXPECT_TRUE(watcher.WaitUntil(
+        [&](const std::vector<ReceivedMessage>& all) {
+            for (size_t i = from; i < all.size(); ++i)
+                if (all[i].Topic == SwitchConfigTopic(node, 1) &&
+                    all[i].Payload.find("\"name\":\"Fan\"") != std::string::npos)
+                    return true;
+            return false;
+        },
+        3000))
+        << d.Stderr();
+
     // A live command: relay 8 on, on the broker within 2 s and in the log.
     watcher.Publish(RelaySetTopic(base, 8), "", true);  // the retained one is cleared
-    size_t from = watcher.Messages().size();
+    from = watcher.Messages().size();
     watcher.Publish(RelaySetTopic(base, 8), "ON", false);
     EXPECT_TRUE(watcher.WaitFor(RelayStateTopic(base, 8), "ON", 2000, from)) << d.Stderr();
     EXPECT_NE(d.Stderr().find("<6>MQTT: command " + base + "/relay/8/set ON: accepted, Manual ON"),
