@@ -7,7 +7,6 @@
 #include "logging/EventLog.h"
 #include "mainscreen/RowCommands.h"
 #include "mqtt/MqttTopics.h"
-#include "preview/SchedulePreview.h"
 
 namespace vantrellion {
 
@@ -23,9 +22,6 @@ constexpr int64_t kSettleMs = 1000;
 constexpr int64_t kOnSecondsEveryMs = 60000;
 // A gap between ticks longer than this (a suspend) is not counted as on-time.
 constexpr int64_t kLongestTickGapMs = 60000;
-// The preview looks this far ahead, and runs again when less than an hour of it is left.
-constexpr LocalSeconds kLookAhead = 86400 + 3600;
-constexpr LocalSeconds kRunAgainBefore = 3600;
 
 const char* OnOff(bool on) {
     return on ? "ON" : "OFF";
@@ -47,27 +43,6 @@ std::string IsoText(LocalSeconds t) {
 }
 
 }  // namespace
-
-std::string ScheduleKey(const System& s) {
-    std::string key;
-    const FrmRelay& f = s.frmRelay;
-    for (int k = 0; k < PairSlots; ++k)
-        key += f.StartTime[k].Text() + "|" + f.EndTime[k].Text() + "|";
-    for (int i = 0; i < MqttRelays; ++i) {
-        const RelayRecord& r = f.Relay[i];
-        key += r.DaysOfWeek.Text() + "|" + r.DayHrEvenOdd.Text() + "|" + std::to_string(r.Manual) +
-               std::to_string(r.Invert) + std::to_string(r.HardStop) + "|";
-    }
-    // Days off, pauses and the location move switches too.
-    for (const DayOff& d : f.Holds.DaysOff)
-        key += std::to_string(d.First) + "-" + std::to_string(d.Last) + (d.EveryYear ? "y" : "n") +
-               std::to_string(d.Relays) + "|";
-    for (const LocalSeconds until : f.Holds.PausedUntil)
-        key += std::to_string(until) + "|";
-    if (const auto& place = s.modRelay.Location)
-        key += std::to_string(place->Latitude) + "," + std::to_string(place->Longitude);
-    return key;
-}
 
 RelayReason ReasonOf(const RelayRecord& r) {
     if (r.HardStop == True) return RelayReason::Stopped;
@@ -236,40 +211,16 @@ void MqttBridge::MeasureOnTime() {
     }
 }
 
-void MqttBridge::RefreshSwitches(LocalSeconds now) {
-    const std::string key = ScheduleKey(s_);
-    if (key != scheduleKey_ || now + kRunAgainBefore >= switchesValidUntil_ ||
-        now < switchesValidUntil_ - kLookAhead - 1) {
-        scheduleKey_ = key;
-        PreviewRequest request;
-        request.From = now + 1;
-        request.Length = kLookAhead;
-        request.StartTick = s_.clock().MonotonicMs() + 1000;
-        const PreviewResult result = RunPreview(TakeSnapshot(s_), request);
-        for (auto& list : switches_)
-            list.clear();
-        for (const RelayPreview& relay : result.Relays) {
-            if (relay.Record < 0 || relay.Record >= MqttRelays) continue;
-            for (const RelaySwitch& sw : relay.Switches)
-                if (sw.At > request.From) switches_[relay.Record].push_back(sw.At);
-        }
-        switchesValidUntil_ =
-            result.Ended || result.Cancelled ? result.EndedAt : request.From + kLookAhead;
-    }
-}
-
 std::optional<std::string> MqttBridge::NextSwitchText(int record, LocalSeconds now) const {
-    const auto& list = switches_[record];
-    const auto it = std::upper_bound(list.begin(), list.end(), now);
-    if (it == list.end() || *it >= now + 86400) return std::nullopt;
-    return IsoText(*it);
+    const std::optional<LocalSeconds> next = next_.After(now, record);
+    return next ? std::optional<std::string>(IsoText(*next)) : std::nullopt;
 }
 
 std::map<std::string, std::string> MqttBridge::CurrentMessages() {
     std::map<std::string, std::string> m;
     m[StatusTopic(base_)] = "online";
+    next_.Update(s_);
     const LocalSeconds now = ToLocalSeconds(s_.clock().Now());
-    RefreshSwitches(now);
     for (int i = 0; i < MqttRelays; ++i) {
         const RelayRecord& r = s_.frmRelay.Relay[i];
         const int n = i + 1;

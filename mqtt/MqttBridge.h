@@ -18,6 +18,7 @@
 #include "mqtt/MqttConnection.h"
 #include "mqtt/MqttPayloads.h"
 #include "mqtt/MqttSettings.h"
+#include "preview/NextSwitches.h"
 
 namespace vantrellion {
 
@@ -49,7 +50,6 @@ class MqttBridge : public TickObserver {
     void Tell(int priority, const std::string& text);
     void PublishChanges();
     void MeasureOnTime();
-    void RefreshSwitches(LocalSeconds now);
     std::optional<std::string> NextSwitchText(int record, LocalSeconds now) const;
     std::map<std::string, std::string> CurrentMessages();
 
@@ -73,16 +73,8 @@ class MqttBridge : public TickObserver {
     int64_t lastTickMs_ = -1;
     int lastDay_ = -1;
 
-    // The switch times of the relays over the next day, from the schedule preview; worked out
-    // again when the schedule or a flag changes, or the day looked at runs out.
-    std::array<std::vector<LocalSeconds>, MqttRelays> switches_;
-    std::string scheduleKey_;
-    LocalSeconds switchesValidUntil_ = 0;
+    NextSwitches next_;  // for the next switch time of each relay's attributes
 };
-
-// The key of everything that decides the relays' future switches: times, days, codes, flags,
-// days off, pauses and the location.
-std::string ScheduleKey(const System& s);
 
 // The reason of a relay's state: stopped before manual before inverted before the schedule.
 RelayReason ReasonOf(const RelayRecord& r);

@@ -30,7 +30,8 @@ void ServiceNotifier::TickCompleted() {
     if (on != relaysOn_ || !nextSwitch_ || local >= *nextSwitch_ || local < statusAt_) {
         relaysOn_ = on;
         statusAt_ = local;
-        const std::optional<LocalSeconds> next = next_.After(s_);
+        next_.Update(s_);
+        const std::optional<LocalSeconds> next = next_.After(local);
         nextSwitch_ = next ? *next : local + 3600;
         const std::string status = ServiceStatusText(on, next);
         if (status != status_) {

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "core/SharedState.h"
+#include "preview/NextSwitches.h"
 #include "service/ServiceStatus.h"
 
 namespace vantrellion {
@@ -21,10 +22,7 @@ class ServiceNotifier : public TickObserver {
     void TickCompleted() override;
     void Stopping();
     // The schedule was reloaded.
-    void Reloaded() {
-        next_.Invalidate();
-        nextSwitch_.reset();
-    }
+    void Reloaded() { nextSwitch_.reset(); }
     bool Active() const { return active_; }
 
   private:
@@ -37,7 +35,7 @@ class ServiceNotifier : public TickObserver {
     int relaysOn_ = -1;
     std::optional<LocalSeconds> nextSwitch_;  // when the status text is worked out again
     LocalSeconds statusAt_ = 0;
-    NextSwitchTimes next_;
+    NextSwitches next_;
 };
 
 }  // namespace vantrellion

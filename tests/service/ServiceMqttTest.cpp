@@ -111,6 +111,13 @@ TEST(ServiceMqtt, BarsScheduleCommandsBrokerRestartAndLastWill) {
                                                             "/input/3/state\""),
               std::string::npos);
 
+    // The attributes name each relay's next switch: relay 7's start; none for relay 8.
+    EXPECT_TRUE(watcher.WaitFor(RelayAttributesTopic(base, 8),
+                                "{\"reason\":\"schedule\",\"next_switch\":null}", 3000));
+    EXPECT_NE(
+        watcher.Latest()[RelayAttributesTopic(base, 7)].find("T" + TimeText(first + 6) + "\"}"),
+        std::string::npos);
+
     // The bars: each switch on the broker within 2 s of the second it falls on.
     for (int r = 1; r <= 7; ++r) {
         size_t at = 0;  // each relay is on only once; its off comes after its on
