@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "core/TrimmedText.h"
+
 namespace vantrellion {
 
 namespace {
@@ -26,18 +28,12 @@ bool Digits(const std::string& t, size_t pos, size_t n, int& value) {
     return true;
 }
 
-std::string Trimmed(const std::string& text) {
-    const size_t first = text.find_first_not_of(" \t");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 }  // namespace
 
 std::optional<LocalSeconds> ParseDateTimeText(const std::string& typed) {
     // 0123456789012345678
     // YYYY-MM-DD HH:MM:SS
-    const std::string t = Trimmed(typed);
+    const std::string t = TrimmedText(typed);
     DateTime d;
     if (t.size() < 10 || t[4] != '-' || t[7] != '-' || !Digits(t, 0, 4, d.Year) ||
         !Digits(t, 5, 2, d.Month) || !Digits(t, 8, 2, d.Day)) {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "core/RelayColumns.h"
 #include "logging/EventLog.h"
 #include "mainscreen/RowCommands.h"
 #include "mqtt/MqttTopics.h"
+#include "preview/SchedulePreview.h"
 
 namespace vantrellion {
 
@@ -25,13 +25,6 @@ constexpr int64_t kLongestTickGapMs = 60000;
 
 const char* OnOff(bool on) {
     return on ? "ON" : "OFF";
-}
-
-std::string RelayName(const System& s, int record) {
-    const std::string& own = s.frmRelay.Relay[record].DisplayName;
-    if (own.find_first_not_of(' ') != std::string::npos) return own;
-    return RelayShownName(
-        s.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard], record);
 }
 
 std::string IsoText(LocalSeconds t) {
@@ -236,7 +229,7 @@ std::map<std::string, std::string> MqttBridge::CurrentMessages() {
         m[RelayOnSecondsTopic(base_, n)] = std::to_string(onSecondsShown_[i]);
         // The discovery configs change only with a relay's name; they are made again when the
         // name changed or the broker is to have them anew (a connect, Home Assistant's start).
-        const std::string name = RelayName(s_, i);
+        const std::string name = PreviewRelayName(s_.frmRelay, s_.modRelay, i);
         if (settings_.Discovery &&
             (name != discoveredNames_[i] || !published_.contains(SwitchConfigTopic(node_, n)) ||
              !published_.contains(BinarySensorConfigTopic(node_, n)))) {

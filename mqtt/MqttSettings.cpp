@@ -9,6 +9,7 @@
 
 #include "configuration/ConfigurationValueNames.h"
 #include "configuration/clsConfiguration.h"
+#include "core/TrimmedText.h"
 
 namespace vantrellion {
 
@@ -22,14 +23,8 @@ bool FlagSetting(const std::string& text, bool fallback) {
 }
 
 // A text of the store without the blanks around it (the store keeps an empty text as " ").
-std::string Trimmed(const std::string& text) {
-    const size_t first = text.find_first_not_of(" \t");
-    if (first == std::string::npos) return "";
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 std::string Load(System& s, const char* name) {
-    return Trimmed(ConfigurationTextLoad(s, name));
+    return TrimmedText(ConfigurationTextLoad(s, name));
 }
 
 }  // namespace

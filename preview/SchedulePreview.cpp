@@ -240,11 +240,14 @@ int64_t TickCountAt(LocalSeconds at, LocalSeconds now, int64_t tickNow) {
 }
 
 std::string PreviewRelayName(const ScheduleSnapshot& schedule, int record) {
-    const std::string& name = schedule.frmRelay.Relay[record].DisplayName;
+    return PreviewRelayName(schedule.frmRelay, schedule.modRelay, record);
+}
+
+std::string PreviewRelayName(const FrmRelay& f, const ModRelay& m, int record) {
+    const std::string& name = f.Relay[record].DisplayName;
     if (name.find_first_not_of(' ') != std::string::npos) return name;
-    return RelayShownName(
-        schedule.modRelay.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard],
-        record);
+    return RelayShownName(m.Board[record / RelaysPerBoard].RelayName[record % RelaysPerBoard],
+                          record);
 }
 
 std::string PreviewRelayLabel(const ScheduleSnapshot& schedule, int record) {

@@ -98,6 +98,7 @@ Timeline PreviewTimeline(const PreviewResult& result);
 // The name a relay is shown under: its display name, else the board's name for it, else
 // "Relay n" (n from 1).
 std::string PreviewRelayName(const ScheduleSnapshot& schedule, int record);
+std::string PreviewRelayName(const FrmRelay& f, const ModRelay& m, int record);
 // The relay as warnings name it: Relay 3 "Fan".
 std::string PreviewRelayLabel(const ScheduleSnapshot& schedule, int record);
 
