@@ -1,9 +1,9 @@
 #include "mainscreen/PauseSchedule.h"
 
 #include <cmath>
-#include <cstdlib>
 
 #include "core/DateTimeText.h"
+#include "core/NumericText.h"
 #include "engine/HeldRelays.h"
 #include "engine/Tick.h"
 #include "runfile/CrashRestart.h"
@@ -23,15 +23,13 @@ bool Refuse(System& s, const std::string& why) {
     return false;
 }
 
-// "1.5" or "24": hours above 0; nothing otherwise.
+// "1.5" or "24": hours above 0; nothing otherwise. The point is the decimal point in every
+// locale, as the stored numbers have it.
 bool ParseHours(const std::string& text, double& hours) {
-    const char* begin = text.c_str();
-    char* end = nullptr;
-    hours = std::strtod(begin, &end);
-    while (end && *end == ' ')
-        ++end;
-    return end != begin && end && *end == '\0' && std::isfinite(hours) && hours > 0 &&
-           hours <= kMostHours;
+    const std::optional<double> value = ParseNumericText(text);
+    if (!value) return false;
+    hours = *value;
+    return std::isfinite(hours) && hours > 0 && hours <= kMostHours;
 }
 
 }  // namespace
