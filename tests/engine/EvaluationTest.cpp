@@ -69,22 +69,7 @@ void StartDay(TestSystem& t, int day, int weekday) {
 // Runs one full tick for every second of the day and compares, per relay, the seconds at
 // which its bit of the output port is set after the tick.
 void ExpectDay(TestSystem& t, const std::array<Intervals, 8>& want) {
-    std::array<Intervals, 8> got;
-    for (int sec = 0; sec < 86400; ++sec) {
-        t.clock.SetSecondsOfDay(sec);
-        CheckTimeTick(t.s);
-        const int byte = t.ports.bytes[0x300];
-        for (int r = 0; r < 8; ++r) {
-            if ((byte & (1 << r)) == 0) continue;
-            if (!got[r].empty() && got[r].back().second == sec - 1) {
-                got[r].back().second = sec;
-            } else {
-                got[r].push_back({sec, sec});
-            }
-        }
-        t.ports.Clear();
-        t.clock.tick += 1000;
-    }
+    const auto got = RunDayOnRuns(t);
     for (int r = 0; r < 8; ++r) {
         EXPECT_EQ(got[r], want[r])
             << "relay " << r << "\n  got:  " << Show(got[r]) << "\n  want: " << Show(want[r]);

@@ -19,35 +19,16 @@ namespace {
 
 const GeoLocation Berlin{52.52, 13.405};
 
-// First and last on second of a day, both included.
-struct Interval {
-    int from, to;
-    bool operator==(const Interval&) const = default;
-};
+using Interval = OnRun;
 using DayIntervals = std::array<std::vector<Interval>, 8>;
 
-// Runs the days from `first` on, one full tick per second, and gives per day and relay the
-// seconds at which the relay's bit is set after the tick.
+// Runs the days from `first` on and gives per day and relay the runs of on seconds.
 std::vector<DayIntervals> RunDays(TestSystem& t, LocalSeconds first, int days) {
     std::vector<DayIntervals> out(days);
     t.frm().CheckTimeAllowed = True;
     for (int d = 0; d < days; ++d) {
         t.clock.now = FromLocalSeconds(first + d * 86400LL);
-        for (int sec = 0; sec < 86400; ++sec) {
-            t.clock.SetSecondsOfDay(sec);
-            CheckTimeTick(t.s);
-            const int byte = t.ports.bytes[0x300];
-            for (int r = 0; r < 8; ++r) {
-                if ((byte & (1 << r)) == 0) continue;
-                auto& v = out[d][r];
-                if (!v.empty() && v.back().to == sec - 1)
-                    v.back().to = sec;
-                else
-                    v.push_back({sec, sec});
-            }
-            t.ports.Clear();
-            t.clock.tick += 1000;
-        }
+        out[d] = RunDayOnRuns(t);
     }
     return out;
 }
@@ -86,7 +67,7 @@ TEST(SunWeek, SunPairsFollowTheSunDayByDayWithTheDayRulesAndTheClipping) {
         lastSunset = sun.Sunset;
     }
     // The reference sunset of the Sunday of the change is 19:35:19.
-    EXPECT_NEAR(week[3][0][0].from, 19 * 3600 + 35 * 60 + 19, 61);
+    EXPECT_NEAR(week[3][0][0].first, 19 * 3600 + 35 * 60 + 19, 61);
 }
 
 // Without a location, and on a polar day, a sun pair stays off; the log says why once a day

@@ -1,6 +1,7 @@
 #include "support/Fakes.h"
 
 #include "core/ResetRelayRecords.h"
+#include "engine/Tick.h"
 
 namespace vantrellion::test {
 
@@ -78,6 +79,25 @@ TestSystem::TestSystem() {
 void TestSystem::SetPair(int i, int p, const std::string& start, const std::string& end) {
     s.frmRelay.StartTime[PairIndex(i, p)] = start;
     s.frmRelay.EndTime[PairIndex(i, p)] = end;
+}
+
+std::array<std::vector<OnRun>, 8> RunDayOnRuns(TestSystem& t) {
+    std::array<std::vector<OnRun>, 8> runs;
+    for (int sec = 0; sec < 86400; ++sec) {
+        t.clock.SetSecondsOfDay(sec);
+        CheckTimeTick(t.s);
+        const int byte = t.ports.bytes[0x300];
+        for (int r = 0; r < 8; ++r) {
+            if ((byte & (1 << r)) == 0) continue;
+            if (!runs[r].empty() && runs[r].back().second == sec - 1)
+                runs[r].back().second = sec;
+            else
+                runs[r].push_back({sec, sec});
+        }
+        t.ports.Clear();
+        t.clock.tick += 1000;
+    }
+    return runs;
 }
 
 }  // namespace vantrellion::test

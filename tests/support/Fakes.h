@@ -4,6 +4,7 @@
 // records every access.
 #pragma once
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <map>
@@ -229,6 +230,12 @@ struct TestSystem {
     // Sets pair p of relay i.
     void SetPair(int i, int p, const std::string& start, const std::string& end);
 };
+
+// Runs one full tick for every second of the clock's day and gives, per relay of board 1, the
+// runs of seconds (first and last, both included) at which its bit of the output port is set
+// after the tick.
+using OnRun = std::pair<int, int>;
+std::array<std::vector<OnRun>, 8> RunDayOnRuns(TestSystem& t);
 
 // The user's documents folder as tests name it; nothing is ever written there.
 inline constexpr const char* kDocuments = "/nonexistent/home/Documents/";
